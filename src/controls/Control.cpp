@@ -1,0 +1,19 @@
+#include "controls/Control.h"
+
+#include "controls/Focus.h"
+
+namespace dialwright {
+
+void Control::PropertyChanged() {
+  if (HomeFocus != nullptr && !(Enabled && Visible)) HomeFocus->Withdraw(*this);
+  if (changed) changed();
+}
+
+void CheckBox::SetValue(int next) {
+  if (next == value) return;
+  value = next;
+  if (changed) changed();
+  if (Click) Click();
+}
+
+}  // namespace dialwright

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+
+namespace dialwright {
+
+/// The tabs of the form. Whoever really changes the current tab runs the click handler.
+struct TabStrip : Control {
+  static constexpr int tabCount = 7;
+
+  int Tab() const { return current; }
+  /// The choice of a tab that is not there changes nothing.
+  void SetTab(int tab);
+
+  bool TabVisible(int tab) const { return at(tab).visible; }
+  void SetTabVisible(int tab, bool visible);
+  const std::string& TabCaption(int tab) const { return at(tab).caption; }
+  void SetTabCaption(int tab, std::string_view caption);
+
+  std::function<void(int previousTab)> Click;
+
+ private:
+  struct Entry {
+    std::string caption;
+    bool visible = true;
+  };
+  const Entry& at(int tab) const { return tabs.at(static_cast<std::size_t>(tab)); }
+  Entry& at(int tab) { return tabs.at(static_cast<std::size_t>(tab)); }
+
+  std::array<Entry, tabCount> tabs;
+  int current = 0;
+};
+
+}  // namespace dialwright

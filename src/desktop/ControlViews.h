@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QTextEdit>
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "controls/Control.h"
+
+class QCheckBox;
+class QTabWidget;
+
+namespace dialwright {
+
+class GridView;
+class KeyEdit;
+class KeyGrid;
+class SpinArrows;
+struct EditBox;
+struct TabStrip;
+
+/// Joins the controls of a form to the widgets that show them: each widget bears its control's
+/// name, shows its state at a refresh, and turns what the user does into an action on the control.
+class ControlViews {
+ public:
+  using Action = std::function<void()>;
+  /// Takes a user's action on a control: it is run if the control can be used now.
+  using Act = std::function<void(Control&, const Action&)>;
+
+  explicit ControlViews(Act actOn) : act(std::move(actOn)) {}
+
+  void join(Label& label, QLabel& widget);
+  void join(Label& label, QGroupBox& widget);
+  void join(Label& label, QTextEdit& widget);
+  void join(CommandButton& button, QPushButton& widget);
+  void join(CheckBox& box, QCheckBox& widget);
+  void join(EditBox& box, KeyEdit& widget);
+  void join(KeyGrid& grid, GridView& widget);
+  void join(SpinButton& spin, SpinArrows& widget);
+  void join(TabStrip& tabs, QTabWidget& widget);
+  /// A widget that shows nothing of its control but its name, font and state.
+  void joinPlain(const Control& control, QWidget& widget);
+  /// The label that names a control: a screen reader speaks it, and its mnemonic leads there.
+  void name(Control& control, QLabel& label);
+
+  /// Shows what the controls hold now.
+  void refresh();
+
+  /// A widget that takes the mouse for a control. Where it has an action of its own, that is fixed
+  /// by the place that was pressed, before anything moves.
+  struct Part {
+    Control* control = nullptr;
+    std::function<Action(QPoint)> actionAt;
+    bool anyButton = false;  ///< the other buttons of the mouse act on it too
+  };
+  const Part* partAt(const QWidget* widget) const;
+
+  /// What a mnemonic of a widget is meant for. The action is empty where it only leads to the
+  /// control.
+  struct Mnemonic {
+    Control* control = nullptr;
+    Action action;
+  };
+  std::optional<Mnemonic> mnemonicOf(QWidget* widget, const QKeySequence& key) const;
+
+  /// The widget that has the keyboard for a control; null if it has none here.
+  QWidget* focusWidget(const Control* control) const;
+
+ private:
+  void addPart(Control& control, QWidget& widget, std::function<Action(QPoint)> actionAt = {},
+               bool anyButton = false);
+  void takesFocus(Control& control, QWidget& widget);
+  void showWith(std::function<void()> show) { shows.push_back(std::move(show)); }
+
+  Act act;
+  bool refreshing = false;
+  std::vector<std::function<void()>> shows;
+  std::map<const QWidget*, Part> parts;
+  std::map<const Control*, QWidget*> focusWidgets;
+};
+
+}  // namespace dialwright

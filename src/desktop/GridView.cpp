@@ -1,0 +1,115 @@
+#include "desktop/GridView.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionFocusRect>
+#include <algorithm>
+
+namespace dialwright {
+
+GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
+    : QTableView(parent), grid(keyGrid), texts(keyGrid) {
+  setModel(&texts);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setDragEnabled(false);
+  setWordWrap(false);
+  setShowGrid(false);
+  setAlternatingRowColors(true);
+  setCornerButtonEnabled(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  // Columns as wide as their texts: a text too long for the view scrolls and is never cut.
+  horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(false);
+}
+
+void GridView::refresh() {
+  const bool changed = texts.refresh();
+  const int shown = currentIndex().isValid() ? currentIndex().row() + 1 : 0;
+  if (changed || shown != grid.Row()) showCurrentRow();
+}
+
+void GridView::showCurrentRow() {
+  const QModelIndex current = texts.index(grid.Row() - 1, 0);
+  if (!current.isValid()) {
+    selectionModel()->clear();
+    return;
+  }
+  selectionModel()->setCurrentIndex(
+      current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  scrollTo(current);
+}
+
+int GridView::rowAtPlace(QPoint place) const { return rowAt(place.y()) + 1; }
+
+int GridView::rowsOnAPage() const {
+  return std::max(1, viewport()->height() / std::max(1, rowHeight(0)) - 1);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  const int last = grid.Rows() - 1;
+  int row = grid.Row();
+  switch (event->key()) {
+    case Qt::Key_Up:
+      row -= 1;
+      break;
+    case Qt::Key_Down:
+      row += 1;
+      break;
+    case Qt::Key_PageUp:
+      row -= rowsOnAPage();
+      break;
+    case Qt::Key_PageDown:
+      row += rowsOnAPage();
+      break;
+    case Qt::Key_Home:
+      row = 1;
+      break;
+    case Qt::Key_End:
+      row = last;
+      break;
+    default:
+      event->ignore();
+      return;
+  }
+  if (last > 0 && rowWanted) rowWanted(std::clamp(row, 1, last));
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (!hasFocus()) return;
+  // The whole grid has the focus, not a cell of it: the ring goes around all of it.
+  QPainter painter(viewport());
+  QPen pen(palette().color(QPalette::Highlight));
+  pen.setWidth(2);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter.setPen(pen);
+  painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  viewport()->update();
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  viewport()->update();
+}
+
+QSize GridView::sizeHint() const {
+  int width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  for (int column = 0; column < KeyGridModel::shownColumns; ++column)
+    width += std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column));
+  return {width, fontMetrics().height() * 24};
+}
+
+}  // namespace dialwright

@@ -1,0 +1,188 @@
+#include "desktop/KeyEdit.h"
+
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <algorithm>
+#include <memory>
+
+#include "desktop/QtText.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int keyCut = 24;  // the codes that the keys have as characters
+constexpr int keyUndo = 26;
+constexpr int keyRedo = 25;
+constexpr int keyDelete = 127;
+
+/// The system counts characters, the toolkit UTF-16 units.
+qsizetype charactersIn(const QString& text) { return text.toUcs4().size(); }
+
+QString firstCharacters(const QString& text, qsizetype count) {
+  const QList<uint> characters = text.toUcs4();
+  if (characters.size() <= count) return text;
+  return toQt(
+      FirstCharacters(fromQt(text), static_cast<std::size_t>(std::max<qsizetype>(0, count))));
+}
+
+int unitsOf(const QString& text, std::size_t characters) {
+  return static_cast<int>(firstCharacters(text, static_cast<qsizetype>(characters)).size());
+}
+
+int classicCode(const QString& text) { return static_cast<unsigned char>(text.toUtf8().front()); }
+
+bool isCharacter(const QKeyEvent& event) {
+  const QString text = event.text();
+  if (text.isEmpty()) return false;
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  if (modifiers == Qt::ControlModifier || modifiers == (Qt::ControlModifier | Qt::ShiftModifier))
+    return false;
+  const QChar first = text.front();
+  return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_PrivateUse;
+}
+
+struct EditKey {
+  QKeySequence::StandardKey key;
+  int code;
+};
+
+constexpr EditKey editKeys[] = {
+    {QKeySequence::Cut, keyCut},
+    {QKeySequence::Undo, keyUndo},
+    {QKeySequence::Redo, keyRedo},
+    {QKeySequence::Backspace, keyBackspace},
+    {QKeySequence::DeleteStartOfWord, keyBackspace},
+    {QKeySequence::Delete, keyDelete},
+    {QKeySequence::DeleteEndOfWord, keyDelete},
+    {QKeySequence::DeleteEndOfLine, keyDelete},
+    {QKeySequence::DeleteCompleteLine, keyDelete},
+};
+
+}  // namespace
+
+KeyEdit::KeyEdit(EditBox& editBox, QWidget* parent) : QLineEdit(parent), box(editBox) {
+  setAcceptDrops(false);
+  setDragEnabled(false);
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (textTyped) textTyped(text);
+  });
+  connect(this, &QLineEdit::selectionChanged, this, [this] { tellSelection(); });
+  connect(this, &QLineEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+}
+
+void KeyEdit::refresh() {
+  refreshing = true;
+  const QString wanted = toQt(box.Text());
+  if (text() != wanted) setText(wanted);
+  const int start = unitsOf(wanted, box.SelStart);
+  const int length = unitsOf(wanted, box.SelStart + box.SelLength) - start;
+  if (length > 0) {
+    if (selectionStart() != start || selectionLength() != length) setSelection(start, length);
+  } else if (hasSelectedText() || cursorPosition() != start) {
+    deselect();
+    setCursorPosition(start);
+  }
+  refreshing = false;
+}
+
+void KeyEdit::tellSelection() {
+  if (refreshing) return;
+  const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+  box.SelStart = static_cast<std::size_t>(charactersIn(text().left(start)));
+  box.SelLength = static_cast<std::size_t>(charactersIn(selectedText()));
+}
+
+void KeyEdit::change(int keyAscii, const std::function<void()>& edit) {
+  if (keyPress) keyPress(keyAscii);
+  edit();
+}
+
+QString KeyEdit::cutToRoom(const QString& added) const {
+  const qsizetype limit = box.MaxLength();
+  if (limit == 0) return added;
+  return firstCharacters(added, limit - charactersIn(text()) + charactersIn(selectedText()));
+}
+
+void KeyEdit::typeText(const QString& added) {
+  change(classicCode(added), [this, &added] {
+    const QString fitting = cutToRoom(added);
+    if (!fitting.isEmpty()) insert(fitting);
+  });
+}
+
+void KeyEdit::paste(QClipboard::Mode mode) {
+  QString added = QGuiApplication::clipboard()->text(mode);
+  const auto isLineEnd = [](QChar character) { return character == '\n' || character == '\r'; };
+  added.truncate(std::find_if(added.cbegin(), added.cend(), isLineEnd) - added.cbegin());
+  if (!added.isEmpty()) typeText(added);
+}
+
+void KeyEdit::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Paste)) {
+    paste(QClipboard::Clipboard);
+    return;
+  }
+  for (const EditKey& row : editKeys)
+    if (event->matches(row.key)) {
+      change(row.code, [this, event] { QLineEdit::keyPressEvent(event); });
+      return;
+    }
+  if (isCharacter(*event))
+    typeText(event->text());
+  else
+    QLineEdit::keyPressEvent(event);
+}
+
+void KeyEdit::inputMethodEvent(QInputMethodEvent* event) {
+  const QString committed = event->commitString();
+  if (committed.isEmpty() && event->replacementLength() == 0) {
+    QLineEdit::inputMethodEvent(event);
+    return;
+  }
+  QInputMethodEvent fitting(event->preeditString(), event->attributes());
+  change(committed.isEmpty() ? keyBackspace : classicCode(committed), [&] {
+    fitting.setCommitString(cutToRoom(committed), event->replacementStart(),
+                            event->replacementLength());
+    QLineEdit::inputMethodEvent(&fitting);
+  });
+}
+
+void KeyEdit::mouseReleaseEvent(QMouseEvent* event) {
+  const QClipboard* clipboard = QGuiApplication::clipboard();
+  if (event->button() != Qt::MiddleButton || !clipboard->supportsSelection()) {
+    QLineEdit::mouseReleaseEvent(event);
+    return;
+  }
+  deselect();
+  setCursorPosition(cursorPositionAt(event->position().toPoint()));
+  paste(QClipboard::Selection);
+}
+
+void KeyEdit::contextMenuEvent(QContextMenuEvent* event) {
+  struct MenuRow {
+    const char* name;  // as the toolkit names its actions
+    std::function<void()> run;
+  };
+  const MenuRow rows[] = {
+      {"edit-undo", [this] { change(keyUndo, [this] { undo(); }); }},
+      {"edit-redo", [this] { change(keyRedo, [this] { redo(); }); }},
+      {"edit-cut", [this] { change(keyCut, [this] { cut(); }); }},
+      {"edit-paste", [this] { paste(QClipboard::Clipboard); }},
+      {"edit-delete", [this] { change(keyDelete, [this] { del(); }); }},
+  };
+  const std::unique_ptr<QMenu> menu{createStandardContextMenu()};
+  for (const MenuRow& row : rows)
+    if (auto* action = menu->findChild<QAction*>(row.name)) {
+      action->disconnect();
+      connect(action, &QAction::triggered, this, row.run);
+    }
+  menu->exec(event->globalPos());
+}
+
+}  // namespace dialwright

@@ -1,0 +1,56 @@
+#include "desktop/KeyGridModel.h"
+
+#include "desktop/QtText.h"
+
+namespace dialwright {
+
+KeyGridModel::KeyGridModel(const KeyGrid& keyGrid) : grid(keyGrid) { refresh(); }
+
+KeyGridModel::Texts KeyGridModel::textsOf(int gridRow) const {
+  return {toQt(grid.Text(gridRow, Column::Action)),
+          toQt(grid.Text(gridRow, Column::KeyAssignment))};
+}
+
+bool KeyGridModel::refresh() {
+  bool changed = false;
+  if (const Texts texts = textsOf(0); texts != heading) {
+    heading = texts;
+    changed = true;
+    emit headerDataChanged(Qt::Horizontal, 0, shownColumns - 1);
+  }
+  std::vector<Texts> present;
+  for (int row = 1; row < grid.Rows(); ++row) present.push_back(textsOf(row));
+  if (present == rows) return changed;
+
+  if (present.size() != rows.size()) {
+    beginResetModel();
+    rows = std::move(present);
+    endResetModel();
+  } else {
+    rows = std::move(present);
+    emit dataChanged(index(0, 0), index(rowCount() - 1, shownColumns - 1));
+  }
+  return true;
+}
+
+int KeyGridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows.size());
+}
+
+int KeyGridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : shownColumns;
+}
+
+QVariant KeyGridModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::DisplayRole) return {};
+  return rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+}
+
+QVariant KeyGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= shownColumns) return {};
+  if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role != Qt::DisplayRole) return {};
+  return heading[static_cast<std::size_t>(section)];
+}
+
+}  // namespace dialwright

@@ -1,0 +1,63 @@
+#include "desktop/LanguageFontResolver.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <algorithm>
+
+#include "desktop/QtText.h"
+
+namespace dialwright {
+
+namespace {
+
+struct CharsetRow {
+  int charset;
+  QFontDatabase::WritingSystem script;
+};
+
+constexpr CharsetRow charsets[] = {
+    {128, QFontDatabase::Japanese},
+    {129, QFontDatabase::Korean},
+    {134, QFontDatabase::SimplifiedChinese},
+    {136, QFontDatabase::TraditionalChinese},
+};
+
+/// A family with the script's letters; of several, one whose letters are as wide as they are by
+/// nature. Empty where no installed font has them.
+QString familyFor(QFontDatabase::WritingSystem script) {
+  const QStringList families = QFontDatabase::families(script);
+  const auto proportional =
+      std::find_if(families.begin(), families.end(), [](const QString& family) {
+        return !QFontDatabase::isFixedPitch(family) && !QFontDatabase::isPrivateFamily(family);
+      });
+  if (proportional != families.end()) return *proportional;
+  return families.value(0);
+}
+
+}  // namespace
+
+QFont languageFont(const ControlFont& font) {
+  QFont result;
+  const QString name = toQt(font.Name);
+  if (name.isEmpty()) return result;
+
+  // The user's own font stays in front where it can write the script itself.
+  const QString usual = QGuiApplication::font().family();
+  QStringList families;
+  if (QFontDatabase::hasFamily(name)) {
+    families << name;
+  } else {
+    const auto* row =
+        std::find_if(std::begin(charsets), std::end(charsets),
+                     [&](const CharsetRow& it) { return it.charset == font.Charset; });
+    if (row == std::end(charsets) || QFontDatabase::writingSystems(usual).contains(row->script))
+      return result;
+    families << familyFor(row->script);
+  }
+  families << usual;
+  families.removeAll({});
+  result.setFamilies(families);
+  return result;
+}
+
+}  // namespace dialwright

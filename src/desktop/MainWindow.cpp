@@ -1,0 +1,185 @@
+#include "desktop/MainWindow.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "desktop/AboutDialog.h"
+#include "desktop/FocusFilter.h"
+#include "desktop/Menus.h"
+#include "desktop/QtText.h"
+#include "desktop/SetupPage.h"
+#include "desktop/TabPage.h"
+#include "desktop/Texts.h"
+#include "shell/Lifecycle.h"
+#include "shell/Program.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+MainWindow::MainWindow(Program& theProgram)
+    : program(theProgram),
+      form(*theProgram.main),
+      views([this](Control& control, const ControlViews::Action& action) {
+        entry.run([&] {
+          if (form.focus.Reachable(control) && form.focus.MoveByUser(control)) action();
+        });
+      }) {
+  setObjectName(toQt(form.Name));
+  auto* centre = new QWidget;
+  auto* column = new QVBoxLayout(centre);
+  column->setSpacing(10);
+  tabs = new QTabWidget;
+  bottom = new QHBoxLayout;
+  column->addWidget(tabs, 1);
+  column->addLayout(bottom);
+  setCentralWidget(centre);
+
+  buildTabs();
+  buildBottom();
+  menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { pick(item); });
+  focus = std::make_unique<FocusFilter>(*this, form, views, entry);
+  setTabOrders();
+  listenToControls();
+  form.hWnd = static_cast<std::uintptr_t>(winId());
+  refresh();
+}
+
+MainWindow::~MainWindow() {
+  // The form outlives its window.
+  for (Control* control : form.Controls) control->changed = nullptr;
+  form.focus.changed = nullptr;
+  form.changed = nullptr;
+  form.hWnd = 0;
+  program.aboutCreated = nullptr;
+}
+
+void MainWindow::buildTabs() {
+  for (int i = 0; i < gridCount; ++i) tabs->addTab(new TabPage(form, i, views), QString());
+  setup = new SetupPage(form, views);
+  tabs->addTab(setup, QString());
+  tabs->tabBar()->setElideMode(Qt::ElideNone);
+  tabs->tabBar()->setAccessibleName(texts::tabs());
+  views.join(form.SSTab1, *tabs);
+}
+
+void MainWindow::buildBottom() {
+  documents = new QWidget;
+  auto* boxes = new QVBoxLayout(documents);
+  boxes->setContentsMargins(0, 0, 0, 0);
+  for (CheckBox* control : {&form.chkGenerateHelp, &form.chkGeneratePDF}) {
+    auto* box = new QCheckBox;
+    boxes->addWidget(box, 0, Qt::AlignLeft);
+    views.join(*control, *box);
+  }
+  bottom->addWidget(documents);
+  bottom->addStretch();
+  for (CommandButton* control : {&form.cmdSave, &form.cmdExit}) {
+    auto* button = new QPushButton;
+    bottom->addWidget(button, 0, Qt::AlignBottom);
+    views.join(*control, *button);
+  }
+}
+
+void MainWindow::placeDocuments() {
+  const bool onSetup = form.chkGenerateHelp.HomeTab == setupTab;
+  if (onSetup == documentsOnSetup) return;
+  documentsOnSetup = onSetup;
+  if (onSetup)
+    setup->documents->addWidget(documents);
+  else
+    bottom->insertWidget(0, documents);
+}
+
+void MainWindow::setTabOrders() {
+  std::vector<Control*>& order = focus->tabOrder;
+  order.push_back(&form.SSTab1);
+  for (int i = 0; i < gridCount; ++i)
+    for (Control* control : {static_cast<Control*>(&At(form.gridKeyMap, i)),
+                             static_cast<Control*>(&At(form.txtKeyAssignment, i)),
+                             static_cast<Control*>(&At(form.chkDontVoiceAction, i)),
+                             static_cast<Control*>(&At(form.UpDownMenuOrder, i))})
+      order.push_back(control);
+  for (Control* control : SetupPage::controlsInOrder(form)) order.push_back(control);
+  for (Control* control :
+       {static_cast<Control*>(&form.chkGenerateHelp), static_cast<Control*>(&form.chkGeneratePDF),
+        static_cast<Control*>(&form.cmdSave), static_cast<Control*>(&form.cmdExit)})
+    order.push_back(control);
+}
+
+void MainWindow::listenToControls() {
+  const auto later = [this] {
+    if (refreshQueued) return;
+    refreshQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          refreshQueued = false;
+          refresh();
+        },
+        Qt::QueuedConnection);
+  };
+  for (Control* control : form.Controls) control->changed = later;
+  form.focus.changed = later;
+  // The title and the pointer don't wait: they change while the system works.
+  form.changed = [this] {
+    setWindowTitle(toQt(form.Caption));
+    setCursor(form.Pointer == MousePointer::hourglass ? Qt::WaitCursor : Qt::ArrowCursor);
+  };
+  program.aboutCreated = [this](frmAbout& box) {
+    about = std::make_unique<AboutDialog>(box, entry, this);
+    about->holdsUp = aboutHoldsUp;
+  };
+  entry.afterWork = [this] {
+    refresh();
+    if (about) about->refresh();
+  };
+}
+
+void MainWindow::refresh() {
+  placeDocuments();
+  views.refresh();
+  menus->refresh();
+  for (int i = 0; i < gridCount; ++i) {
+    const QString tab = toQt(form.SSTab1.TabCaption(i));
+    views.focusWidget(&At(form.gridKeyMap, i))->setAccessibleName(tab);
+    views.focusWidget(&At(form.UpDownMenuOrder, i))
+        ->setAccessibleName(toQt(At(form.frameMenuOrder, i).Caption));
+    QWidget* key = views.focusWidget(&At(form.txtKeyAssignment, i));
+    key->setAccessibleDescription(toQt(At(form.lblKeyMap, i).Caption));
+  }
+  focus->mirrorFocus();
+}
+
+void MainWindow::pick(MenuItem& item) {
+  entry.run([&] {
+    if (item.Offered() && item.Enabled && item.Click) item.Click();
+  });
+}
+
+void MainWindow::open() {
+  refresh();
+  // Wide enough for the tabs, and never larger than the screen.
+  const int character = fontMetrics().averageCharWidth();
+  resize(sizeHint()
+             .expandedTo({character * 120, fontMetrics().height() * 34})
+             .boundedTo(screen()->availableSize()));
+  show();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  std::int16_t cancel = 0;
+  const bool asked = entry.run([&] { Form_Unload(form, cancel); });
+  if (entry.ended()) return;
+  if (!asked || cancel != 0) {
+    event->ignore();
+    return;
+  }
+  entry.end();
+}
+
+}  // namespace dialwright

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "desktop/ControlViews.h"
+#include "desktop/Dispatch.h"
+
+class QCheckBox;
+class QHBoxLayout;
+class QTabWidget;
+
+namespace dialwright {
+
+class AboutDialog;
+class FocusFilter;
+class Menus;
+class Program;
+class SetupPage;
+struct frmMain;
+
+/// The working window. It shows the main form's controls and turns what the user does into actions
+/// on them; every rule is the form's.
+class MainWindow : public QMainWindow {
+ public:
+  explicit MainWindow(Program& theProgram);
+  ~MainWindow() override;
+
+  /// Comes up on the screen, once the start-up sequence is through.
+  void open();
+
+  /// Shows what the controls hold now.
+  void refresh();
+
+  Dispatch& dispatch() { return entry; }
+  /// The about box, once it has been opened.
+  AboutDialog* aboutBox() { return about.get(); }
+
+  /// Whether the about box holds up whoever opens it until it is closed, as a modal box does.
+  bool aboutHoldsUp = true;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void buildTabs();
+  void buildBottom();
+  void placeDocuments();
+  void listenToControls();
+  void pick(MenuItem& item);
+  void setTabOrders();
+
+  Program& program;
+  frmMain& form;
+  Dispatch entry;
+  ControlViews views;
+  std::unique_ptr<FocusFilter> focus;
+  std::unique_ptr<Menus> menus;
+  std::unique_ptr<AboutDialog> about;
+  QTabWidget* tabs = nullptr;
+  SetupPage* setup = nullptr;
+  QHBoxLayout* bottom = nullptr;
+  QWidget* documents = nullptr;
+  bool documentsOnSetup = false;
+  bool refreshQueued = false;
+};
+
+}  // namespace dialwright

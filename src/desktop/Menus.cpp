@@ -1,0 +1,50 @@
+#include "desktop/Menus.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "desktop/LanguageFontResolver.h"
+#include "desktop/QtText.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, Pick pick) : form(mainForm) {
+  for (Control* control : form.Controls) {
+    auto* item = dynamic_cast<MenuItem*>(control);
+    if (item == nullptr) continue;
+    const QString name = toQt(item->Name);
+    if (item->Parent == nullptr) {
+      QMenu* menu = menuBar.addMenu(QString());
+      menu->setObjectName(name);
+      menus[item] = menu;
+      actions[item] = menu->menuAction();
+    } else {
+      QAction* action = menus.at(item->Parent)->addAction(QString());
+      // The end of the program is the system's affair alone, also where a platform has ways of its
+      // own.
+      action->setMenuRole(QAction::NoRole);
+      QObject::connect(action, &QAction::triggered, action, [pick, item] { pick(*item); });
+      actions[item] = action;
+    }
+    actions[item]->setObjectName(name);
+  }
+  for (const MenuItem* item :
+       {&form.mnuSelectDialwright, &form.mnuSelectDialwright2, &form.mnuSelectDialwright3})
+    actions.at(item)->setCheckable(true);
+  actions.at(&form.mnuHelp)->setShortcut(QKeySequence(Qt::Key_F1));
+  refresh();
+}
+
+void Menus::refresh() {
+  for (const auto& [item, action] : actions) {
+    action->setText(toQt(item->Caption));
+    action->setVisible(item->Visible);
+    action->setEnabled(item->Enabled);
+    if (action->isCheckable()) action->setChecked(item->Checked);
+    action->setFont(languageFont(item->Font));
+  }
+}
+
+}  // namespace dialwright

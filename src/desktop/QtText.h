@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace dialwright {
+
+inline QString toQt(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+inline QString toQt(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+inline std::string fromQt(const QString& text) { return text.toStdString(); }
+
+}  // namespace dialwright

@@ -1,0 +1,89 @@
+#include "desktop/TabPage.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include "desktop/ControlViews.h"
+#include "desktop/GridView.h"
+#include "desktop/KeyEdit.h"
+#include "desktop/SpinArrows.h"
+#include "desktop/WrapLabel.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+/// The text that explains an action. It is there to be read: it takes no keyboard, and scrolls if
+/// it is long.
+QTextEdit* descriptionText() {
+  auto* text = new QTextEdit;
+  text->setReadOnly(true);
+  text->setFocusPolicy(Qt::NoFocus);
+  text->setTextInteractionFlags(Qt::NoTextInteraction);
+  text->setFrameShape(QFrame::NoFrame);
+  text->viewport()->setAutoFillBackground(false);
+  text->setMinimumHeight(text->fontMetrics().height() * 5);
+  return text;
+}
+
+}  // namespace
+
+TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent) : QWidget(parent) {
+  auto* about = new WrapLabel;
+  auto* grid = new GridView(At(form.gridKeyMap, index));
+  auto* keyLabel = new QLabel;
+  auto* key = new KeyEdit(At(form.txtKeyAssignment, index));
+  auto* keyNote = new WrapLabel;
+  auto* dontVoice = new QCheckBox;
+  auto* orderFrame = new QGroupBox;
+  auto* order = new SpinArrows;
+  auto* descriptionFrame = new QGroupBox;
+  auto* description = descriptionText();
+
+  auto* orderRow = new QHBoxLayout(orderFrame);
+  orderRow->addWidget(order);
+  orderRow->addStretch();
+  auto* descriptionColumn = new QVBoxLayout(descriptionFrame);
+  descriptionColumn->addWidget(description);
+
+  auto* keyColumn = new QVBoxLayout;
+  keyColumn->setSpacing(4);
+  keyColumn->addWidget(keyLabel);
+  keyColumn->addWidget(key);
+  keyColumn->addWidget(keyNote);
+
+  auto* edits = new QVBoxLayout;
+  edits->setSpacing(12);
+  edits->addLayout(keyColumn);
+  edits->addWidget(dontVoice);
+  edits->addWidget(orderFrame);
+  edits->addWidget(descriptionFrame, 1);
+
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(16);
+  columns->addWidget(grid, 3);
+  columns->addLayout(edits, 2);
+
+  auto* page = new QVBoxLayout(this);
+  page->setSpacing(10);
+  page->addWidget(about);
+  page->addLayout(columns, 1);
+
+  views.join(At(form.LabelTabDescription, index), *about);
+  views.join(At(form.gridKeyMap, index), *grid);
+  views.join(At(form.labelKeyMap, index), *keyLabel);
+  views.join(At(form.txtKeyAssignment, index), *key);
+  views.join(At(form.lblKeyMap, index), *keyNote);
+  views.join(At(form.chkDontVoiceAction, index), *dontVoice);
+  views.join(At(form.frameMenuOrder, index), *orderFrame);
+  views.join(At(form.UpDownMenuOrder, index), *order);
+  views.join(At(form.frameDescription, index), *descriptionFrame);
+  views.join(At(form.txtDescription, index), *description);
+  views.name(At(form.txtKeyAssignment, index), *keyLabel);
+}
+
+}  // namespace dialwright

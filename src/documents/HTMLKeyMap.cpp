@@ -1,0 +1,83 @@
+#include "documents/HTMLKeyMap.h"
+
+#include <memory>
+#include <string>
+
+#include "keymap/Catalogue.h"
+#include "shell/Program.h"
+#include "shell/frmMain.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr std::string_view namePlaceholder = "%CONV_NAME%";
+
+struct Template {
+  Gate gate;
+  std::string_view file;
+};
+
+/// The newest generation first: the first whose gate is open serves.
+constexpr Template templates[] = {
+    {{5, 0, 0, 1}, "\\Blank_Map_Template_50.htm"},
+    {{4, 2, 0, 38}, "\\Blank_Map_Template.htm"},
+    {{}, "\\Blank_Map_TemplatePre42.htm"},
+};
+
+std::string templatePath(const Program& program) {
+  for (const Template& candidate : templates)
+    if (candidate.gate.IsOpen(program.server)) return program.folder + std::string(candidate.file);
+  return {};
+}
+
+std::string pagePath(const Program& program) {
+  return program.folder + std::string(strHelpFileName);
+}
+
+/// The first slot's name has no number here.
+std::string conversationName(const frmMain& form) {
+  const int slot = SelectedSlot(form);
+  return slot == 1 ? "Dialwright" : "Dialwright " + std::to_string(slot);
+}
+
+std::string readAll(FileSystemObject& files, const std::string& path) {
+  const auto page = files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
+  std::string text = page->ReadAll();
+  page->Close();
+  return text;
+}
+
+}  // namespace
+
+void CreateKeyMapHTMLFromTemplate(frmMain& form) {
+  Program& program = form.program;
+  FileSystemObject& files = program.files;
+  const std::string page = pagePath(program);
+  if (files.FileExists(page)) files.DeleteFile(page, true);
+  const std::string source = templatePath(program);
+  if (!files.FileExists(source)) {
+    program.MsgBox(program.mymyLoadString(1146));
+    return;
+  }
+  files.CopyFile(source, page, true);
+}
+
+void FillPlaceholder(frmMain& form, std::string_view token, std::string_view keys) {
+  FileSystemObject& files = form.program.files;
+  const std::string path = pagePath(form.program);
+  std::string text = readAll(files, path);
+  if (ContainsIgnoringCase(text, namePlaceholder))
+    text = ReplaceAll(text, namePlaceholder, conversationName(form));
+  const std::string placeholder = "%" + std::string(Trim(token)) + "%";
+  if (!ContainsIgnoringCase(text, placeholder)) return;
+  text = ReplaceAllIgnoringCase(text, placeholder, keys);
+
+  files.DeleteFile(path, true);
+  const auto page = files.CreateTextFile(path, true, true);
+  page->Write(text);
+  page->Close();
+}
+
+}  // namespace dialwright

@@ -1,0 +1,75 @@
+#include "keymap/KeyMapGrid.h"
+
+#include <string>
+
+#include "shell/frmMain.h"
+#include "text/Number.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int orderStep = 10;
+
+bool isVoicedMenu(int grid) { return grid == 0 || grid == 4 || grid == 5; }
+
+void renumber(KeyGrid& grid) {
+  int number = orderStep;
+  for (int row = 1; row < grid.Rows(); ++row) {
+    if (grid.Text(row, Column::Order) == notVoiced) continue;
+    grid.SetText(row, Column::Order, std::to_string(number));
+    number += orderStep;
+  }
+}
+
+}  // namespace
+
+void AddKeyToGrid(frmMain& form, int grid, std::string_view key, std::string_view order,
+                  std::string_view label, std::string_view token) {
+  const std::string_view place = Trim(order);
+  if ((!place.empty() && !IsNumeric(place)) || grid < 0 || grid >= gridCount) return;
+  KeyGrid& keys = At(form.gridKeyMap, grid);
+  keys.AddItem(label);
+  const int row = keys.Rows() - 1;
+  keys.SetText(row, Column::KeyAssignment, Trim(key));
+  keys.SetText(row, Column::Order, place);
+  keys.SetText(row, Column::ActionToken, token);
+}
+
+void SortGrid(frmMain& form, int index) {
+  if (!isVoicedMenu(index)) return;
+  KeyGrid& grid = At(form.gridKeyMap, index);
+  grid.SetRedraw(Redraw::none);
+  if (!grid.HasRowInHand()) grid.SetRow(1);
+  if (grid.HasRowInHand()) {
+    const std::string selected = grid.Text(grid.Row(), Column::ActionToken);
+    renumber(grid);
+    grid.SortGeneric(Column::Order);
+    grid.Refresh();
+    for (int row = 1; row < grid.Rows(); ++row) {
+      if (!EqualsIgnoringCase(grid.Text(row, Column::ActionToken), selected)) continue;
+      grid.SetRow(row);
+      break;
+    }
+  }
+  grid.SetRedraw(Redraw::buffered);
+}
+
+void BeginFilling(frmMain& form, int grid) {
+  At(form.gridKeyMap, grid).SetRedraw(Redraw::none);
+  At(form.gridKeyMap, grid).CutToHeading();
+}
+
+void EndFilling(frmMain& form, int index) {
+  KeyGrid& grid = At(form.gridKeyMap, index);
+  if (isVoicedMenu(index)) {
+    grid.SortGeneric(Column::Order);
+    grid.Refresh();
+    SortGrid(form, index);
+  }
+  grid.SetRow(1);
+  grid.SetRedraw(Redraw::buffered);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,125 @@
+#include "platform/ScriptChecksumComponent.h"
+
+#include <array>
+#include <cstddef>
+
+#include "text/Ansi.h"
+#include "text/Text.h"
+
+namespace dialwright {
+namespace {
+
+using CrcTable = std::array<std::uint32_t, 256>;
+
+// Table k takes a byte that has k more bytes behind it in the same step: eight look-ups that do not
+// wait for each other do eight bytes.
+constexpr std::size_t slices = 8;
+
+constexpr std::array<CrcTable, slices> MakeTables() {
+  std::array<CrcTable, slices> tables{};
+  for (std::uint32_t byte = 0; byte < 256; ++byte) {
+    std::uint32_t crc = byte;
+    for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ ((crc & 1) != 0 ? 0xEDB88320u : 0u);
+    tables[0][byte] = crc;
+  }
+  for (std::size_t k = 1; k < slices; ++k) {
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+      const std::uint32_t before = tables[k - 1][byte];
+      tables[k][byte] = (before >> 8) ^ tables[0][before & 0xFF];
+    }
+  }
+  return tables;
+}
+
+constexpr std::array<CrcTable, slices> tables = MakeTables();
+
+class Crc32 {
+ public:
+  void add(std::string_view bytes) {
+    while (bytes.size() >= slices) {
+      const std::uint32_t low = crc ^ Word(bytes, 0);
+      const std::uint32_t high = Word(bytes, 4);
+      crc = tables[7][low & 0xFF] ^ tables[6][(low >> 8) & 0xFF] ^ tables[5][(low >> 16) & 0xFF] ^
+            tables[4][low >> 24] ^ tables[3][high & 0xFF] ^ tables[2][(high >> 8) & 0xFF] ^
+            tables[1][(high >> 16) & 0xFF] ^ tables[0][high >> 24];
+      bytes.remove_prefix(slices);
+    }
+    for (const char c : bytes) {
+      crc = (crc >> 8) ^ tables[0][(crc ^ static_cast<unsigned char>(c)) & 0xFF];
+    }
+  }
+  std::uint32_t value() const { return ~crc; }
+
+ private:
+  static std::uint32_t Word(std::string_view bytes, std::size_t at) {
+    const auto byte = [&](std::size_t i) -> std::uint32_t {
+      return static_cast<unsigned char>(bytes[at + i]);
+    };
+    return byte(0) | byte(1) << 8 | byte(2) << 16 | byte(3) << 24;
+  }
+
+  std::uint32_t crc = 0xFFFFFFFF;
+};
+
+bool IsChecksumLine(std::string_view line) {
+  const std::size_t first = line.find_first_not_of(' ');
+  return first != std::string_view::npos && line[first] == '#' &&
+         StartsWithIgnoringCase(line.substr(first), "#CRC");
+}
+
+std::uint32_t CrcOfLines(std::string_view text) {
+  constexpr std::string_view lineEnd = "\r\n";
+  Crc32 crc;
+  // Lines that already end as they should are not taken one by one: `run` is where those not yet
+  // added begin.
+  std::size_t run = 0;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t feed = text.find('\n', start);
+    const bool ended = feed != std::string_view::npos;
+    const std::size_t next = ended ? feed + 1 : text.size();
+    const std::size_t length = (ended ? feed : text.size()) - start;
+    const bool asWritten = ended && length > 0 && text[feed - 1] == '\r';
+    const bool leftOut = IsChecksumLine(text.substr(start, length));
+    if (leftOut || !asWritten) {
+      crc.add(text.substr(run, start - run));
+      if (!leftOut) {
+        crc.add(text.substr(start, length));
+        crc.add(lineEnd);
+      }
+      run = next;
+    }
+    start = next;
+  }
+  crc.add(text.substr(run));
+  return crc.value();
+}
+
+class CrcChecksumComponent : public ScriptChecksumComponent {
+ public:
+  explicit CrcChecksumComponent(FileStore& fileStore) : store(fileStore) {}
+
+  // The stamp is for components that guard against old requests; this one answers all.
+  std::int32_t CalculateFileChecksum(std::int32_t, std::string_view path) override {
+    return scriptChecksum(store.read(path));
+  }
+
+ private:
+  FileStore& store;
+};
+
+}  // namespace
+
+std::int32_t scriptChecksum(std::string_view bytes) {
+  constexpr std::string_view utf16Mark = "\xFF\xFE";
+  const std::uint32_t crc =
+      bytes.starts_with(utf16Mark)
+          ? CrcOfLines(Utf8ToAnsi(Utf16ToUtf8(bytes.substr(utf16Mark.size()))))
+          : CrcOfLines(bytes);
+  return crc == 0 ? 1 : static_cast<std::int32_t>(crc);
+}
+
+std::unique_ptr<ScriptChecksumComponent> CrcChecksumFactory::CreateObject() {
+  return std::make_unique<CrcChecksumComponent>(store);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,101 @@
+#include "presets/Presets.h"
+
+#include <string>
+
+#include "keymap/KeyMapGrid.h"
+#include "language/EnglishStrings.h"
+#include "scripts/KeyMapLoad.h"
+#include "scripts/SetupOptions.h"
+#include "shell/Program.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int mainMenuGrid = 0;
+constexpr int afterMessageGrid = 4;
+
+constexpr Preset presets[] = {
+    {&frmMain::mnuResetKeysToStandardConversation,
+     "This will reset all key mappings to match the standard Merid conversation.  Are you sure you "
+     "want to do this?",
+     StandardMainMenu, PresetSource::tables, "", 1170, false},
+    {&frmMain::mnuResetKeysToOptionalConversation1,
+     "This will reset all key mappings to match the Optional 1 conversation.  Are you sure you "
+     "want "
+     "to do this?",
+     StandardMainMenu, PresetSource::scriptFolder, "SubMsgPlay_OptConv1.cde", 1176, true},
+    {&frmMain::mnuResetKeysToAlternateKeyMappingN,
+     "This will reset all key mappings to match the Alternate Key Maping (N) conversation.  Are "
+     "you "
+     "sure you want to do this?",
+     StandardMainMenu, PresetSource::scriptFolder, "SubMsgPlay_AlternateN.cde", 1179, true},
+    {&frmMain::mnuResetKeysToAlternateKeyMappingS,
+     "This will reset all key mappings to match the Alternate Key Maping (S) conversation.  Are "
+     "you "
+     "sure you want to do this?",
+     AlternateSMainMenu, PresetSource::scriptFolder, "SubMsgPlay_AlternateS.cde", 1178, true},
+    {&frmMain::mnuResetKeysToAlternateKeyMappingX,
+     "This will reset all key mappings to match the Alternate Key Maping (X) conversation.  Are "
+     "you "
+     "sure you want to do this?",
+     AlternateXMainMenu, PresetSource::scriptFolder, "SubMsgPlay_AlternateX.cde", 1177, true},
+    {&frmMain::mnuResetKeysToVarloInternal,
+     "This will reset all key mappings to match what Varlo uses internally.  Are you sure you want "
+     "to do this?",
+     StandardMainMenu, PresetSource::programFolder, "\\SubMsgPlay_Alternate_Custom_Internal.cde",
+     1215, false},
+};
+
+std::string label(Program& program, std::span<const Action> actions, const PresetRow& row) {
+  if (row.label != 0 && gotoForAllMessages.IsOpen(program.server))
+    return program.mymyLoadString(row.label);
+  const Action* action = FindAction(actions, row.name);
+  return action != nullptr ? ActionLabel(program, *action) : std::string();
+}
+
+void fillGrid(frmMain& form, int grid, std::span<const PresetRow> rows,
+              std::span<const Action> actions, std::string_view prefix = {}) {
+  Program& program = form.program;
+  BeginFilling(form, grid);
+  for (const PresetRow& row : rows)
+    if (row.gate.IsOpen(program.server))
+      AddKeyToGrid(form, grid, row.key, row.order, label(program, actions, row),
+                   std::string(prefix) + std::string(row.name));
+  EndFilling(form, grid);
+}
+
+void resetFromTables(frmMain& form) {
+  for (const PlaybackSection& section : PlaybackSections())
+    fillGrid(form, section.grid, StandardPlayback(), PlaybackActions(), section.prefix);
+  fillGrid(form, afterMessageGrid, StandardAfterMessage(), AfterMessageActions());
+}
+
+void resetFromScript(frmMain& form, const std::string& path) {
+  LoadVCRKeyMapInfo(form, path);
+  LoadAfterMessageKeyMapInfo(form, path);
+}
+
+}  // namespace
+
+std::span<const Preset> Presets() { return presets; }
+
+void SelectPreset(frmMain& form, const Preset& preset) {
+  Program& program = form.program;
+  if (program.MsgBox(preset.confirmation, MsgBoxButtons::YesNo) == MsgBoxAnswer::No) return;
+  form.cmdSave.Enabled = true;
+  fillGrid(form, mainMenuGrid, preset.mainMenu(), MainMenuActions());
+  if (preset.source == PresetSource::tables)
+    resetFromTables(form);
+  else
+    resetFromScript(form,
+                    (preset.source == PresetSource::scriptFolder ? program.server.strGetScriptPath()
+                                                                 : program.folder) +
+                        std::string(preset.stockScript));
+  SetAllSetupOptions(form, 1);
+  program.MsgBox(preset.closesInEnglish
+                     ? std::string(EnglishString(preset.closingMessage).value_or(""))
+                     : program.mymyLoadString(preset.closingMessage));
+}
+
+}  // namespace dialwright

@@ -1,0 +1,79 @@
+#include "scripts/Backup.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Failure.h"
+#include "shell/FailureTrap.h"
+#include "shell/Program.h"
+#include "shell/frmMain.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+/// What the names of the three kinds of script hold, in every slot.
+constexpr std::array<std::string_view, 3> scriptNames{
+    "Macros_MenuAlternate_Custom", "SubMsgPlay_Alternate_Custom", "SubSetupMenu_Alternate"};
+
+std::string backupFolder(const Program& program) { return program.folder + "\\Backup\\"; }
+
+std::string fileName(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+
+/// Both directions need the paths, and say so with the same texts.
+bool hasPaths(frmMain& form) {
+  Program& program = form.program;
+  const int missing = form.strMainMenuScript.empty()          ? 1099
+                      : form.strMessagePlaybackScript.empty() ? 1100
+                                                              : 0;
+  if (missing != 0) program.MsgBox(program.mymyLoadString(missing));
+  return missing == 0;
+}
+
+bool isScript(std::string_view name) {
+  return std::ranges::any_of(
+      scriptNames, [name](std::string_view part) { return ContainsIgnoringCase(name, part); });
+}
+
+void restore(Program& program, const std::string& name) {
+  const std::string folder = program.server.strGetScriptPath();
+  if (folder.empty()) throw RuntimeFailure(Failure::pathNotFound);
+  program.files.CopyFile(backupFolder(program) + name, folder + name, true);
+}
+
+}  // namespace
+
+void BackupScriptFiles(frmMain& form) {
+  if (!hasPaths(form)) return;
+  const FailureTrap step{form, FailurePrefix::localized, "BackupScriptFiles"};
+  FileSystemObject& files = form.program.files;
+  const std::string folder = backupFolder(form.program);
+  if (!files.FolderExists(folder) && !step([&] { files.CreateFolder(folder); })) return;
+  std::vector<std::string> scripts{form.strMainMenuScript, form.strMessagePlaybackScript};
+  if (files.FileExists(form.strSetupMenuScript)) scripts.push_back(form.strSetupMenuScript);
+  for (const std::string& script : scripts)
+    step([&] { files.CopyFile(script, folder + fileName(script), true); });
+}
+
+bool RestoreScriptfiles(frmMain& form) {
+  Program& program = form.program;
+  if (!hasPaths(form)) return false;
+  if (!program.files.FolderExists(backupFolder(program))) {
+    program.MsgBox(program.mymyLoadString(1087));
+    return false;
+  }
+  const FailureTrap step{form, FailurePrefix::localized, "RestoreScriptfiles"};
+  int restored = 0;
+  step([&] {
+    for (const std::string& name : program.files.FileNames(backupFolder(program)))
+      if (isScript(name) && step([&] { restore(program, name); })) ++restored;
+  });
+  program.MsgBox(std::to_string(restored) + program.mymyLoadString(1175));
+  return true;
+}
+
+}  // namespace dialwright

@@ -1,0 +1,108 @@
+#include "scripts/KeyMapLoad.h"
+
+#include <span>
+#include <string>
+
+#include "keymap/Catalogue.h"
+#include "keymap/KeyMapGrid.h"
+#include "scripts/modCommon.h"
+#include "shell/FailureTrap.h"
+#include "shell/Program.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int mainMenuGrid = 0;
+constexpr int afterMessageGrid = 4;
+constexpr int globalsGrid = 5;
+
+/// Whether the server has the action. The directory binding is asked only where it counts; if it
+/// cannot be had, the failure is reported and the row is added.
+bool existsHere(Program& program, const Action& action, const FailureTrap& step) {
+  if (!action.gate.IsOpen(program.server)) return false;
+  bool exists = true;
+  if (action.notOnDomino) step([&] { exists = program.server.iGetDirectoryBinding() == 1; });
+  return exists;
+}
+
+std::string orderOf(Program& program, const Action& action, const std::string& token,
+                    const std::string& path) {
+  switch (action.order) {
+    case OrderSource::fixed:
+      return std::string(notVoiced);
+    case OrderSource::key:
+      return strGetIniString(program.profile, macrosSection, "ORDINAL_" + token, path);
+    case OrderSource::none:
+      break;
+  }
+  return {};
+}
+
+/// Reads the rows of one menu from a file that is there.
+void addRows(frmMain& form, int grid, std::span<const Action> actions, std::string_view prefix,
+             const std::string& path, const FailureTrap& step) {
+  Program& program = form.program;
+  const ProfileBatch batch(program.profile, path);
+  for (const Action& action : actions) {
+    if (!existsHere(program, action, step)) continue;
+    const std::string token = std::string(prefix) + std::string(action.name);
+    AddKeyToGrid(form, grid, strGetIniString(program.profile, macrosSection, token, path),
+                 orderOf(program, action, token, path), ActionLabel(program, action), token);
+  }
+}
+
+bool reportedMissing(frmMain& form, std::string_view message, const std::string& path) {
+  if (form.program.files.FileExists(path)) return false;
+  form.program.MsgBox(std::string(message) + path);
+  return true;
+}
+
+/// The macro file's menus empty their grid before they look for the file.
+void loadFromMacroFile(frmMain& form, int grid, std::span<const Action> actions) {
+  const FailureTrap step{form, FailurePrefix::localized, "LoadMainMenuKeyMapInfo"};
+  BeginFilling(form, grid);
+  if (form.strMainMenuScript.empty() ||
+      reportedMissing(form, "Error - could not find menu definition file=", form.strMainMenuScript))
+    return;
+  addRows(form, grid, actions, {}, form.strMainMenuScript, step);
+  EndFilling(form, grid);
+}
+
+std::string scriptToRead(const frmMain& form, std::string_view strScript) {
+  return strScript.empty() ? form.strMessagePlaybackScript : std::string(strScript);
+}
+
+}  // namespace
+
+void LoadMainMenuKeyMapInfo(frmMain& form) {
+  loadFromMacroFile(form, mainMenuGrid, MainMenuActions());
+}
+
+void LoadGlobalsKeyMapInfo(frmMain& form) { loadFromMacroFile(form, globalsGrid, GlobalActions()); }
+
+void LoadVCRKeyMapInfo(frmMain& form, std::string_view strScript) {
+  const FailureTrap step{form, FailurePrefix::localized, "LoadVCRKeyMapInfo"};
+  const std::string path = scriptToRead(form, strScript);
+  if (path.empty() ||
+      reportedMissing(form, "Error, could not load SubMsgPlayback script file=", path))
+    return;
+  for (const PlaybackSection& section : PlaybackSections()) {
+    BeginFilling(form, section.grid);
+    addRows(form, section.grid, PlaybackActions(), section.prefix, path, step);
+    EndFilling(form, section.grid);
+  }
+}
+
+void LoadAfterMessageKeyMapInfo(frmMain& form, std::string_view strScript) {
+  const FailureTrap step{form, FailurePrefix::localized, "LoadAfterMessageKeyMapInfo"};
+  const std::string path = scriptToRead(form, strScript);
+  if (path.empty() || reportedMissing(form, "SubMsgPlay script file could not be found=", path))
+    return;
+  BeginFilling(form, afterMessageGrid);
+  addRows(form, afterMessageGrid, AfterMessageActions(), {}, path, step);
+  EndFilling(form, afterMessageGrid);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,57 @@
+#include "shell/Program.h"
+
+#include <utility>
+
+#include "platform/Failure.h"
+#include "platform/ScriptChecksumComponent.h"
+#include "shell/frmAbout.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+Program::Program(const Services& outside, std::string programFolder, std::string programFile)
+    : services(outside),
+      folder(std::move(programFolder)),
+      file(std::move(programFile)),
+      currentFolder(folder),
+      files(outside.files),
+      profile(outside.files),
+      server(*this),
+      language(*this),
+      help(*this),
+      main(std::make_unique<frmMain>(*this)) {
+  loadedForms.push_back(main.get());
+}
+
+Program::~Program() = default;
+
+MsgBoxAnswer Program::MsgBox(std::string_view text, MsgBoxButtons buttons, std::string_view title) {
+  // While a box is up the user may look at the disk: what is written so far has to be there.
+  profile.FlushBatches();
+  return services.messages.MsgBox(text, buttons, title);
+}
+
+std::string Program::mymyLoadString(int number) { return language.mymyLoadString(number); }
+
+void Program::Shell(std::string_view commandLine, WindowState state) {
+  services.processes.Shell(commandLine, state, currentFolder);
+}
+
+void Program::ChDir(std::string_view next) {
+  if (!files.FolderExists(next)) throw RuntimeFailure(Failure::pathNotFound);
+  currentFolder = next;
+}
+
+frmAbout& Program::about() {
+  if (!aboutBox) {
+    aboutBox = std::make_unique<frmAbout>(*this);
+    loadedForms.push_back(aboutBox.get());
+    if (aboutCreated) aboutCreated(*aboutBox);
+    frmAbout_Load(*aboutBox);
+  }
+  return *aboutBox;
+}
+
+bool Program::aboutIsUp() const { return aboutBox && aboutBox->Shown; }
+
+}  // namespace dialwright

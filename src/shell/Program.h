@@ -1,0 +1,92 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "language/mdlHTMLHelp.h"
+#include "language/modLocalize.h"
+#include "platform/FileSystemObject.h"
+#include "platform/MessageBoxes.h"
+#include "platform/PrivateProfile.h"
+#include "platform/Processes.h"
+#include "server/MeridVersion.h"
+
+namespace dialwright {
+
+class Clock;
+class HelpViewer;
+class Languages;
+class Registry;
+class ScriptChecksumComponent;
+class ScriptChecksumFactory;
+struct Form;
+struct frmAbout;
+struct frmMain;
+
+/// Everything outside the program that it reaches.
+struct Services {
+  FileStore& files;
+  Registry& registry;
+  Clock& clock;
+  Processes& processes;
+  MessageBoxes& messages;
+  ScriptChecksumFactory& checksums;
+  Languages& languages;
+  HelpViewer& help;
+};
+
+/// The program's own number, as the about box shows it.
+inline constexpr int programMajor = 1;
+inline constexpr int programMinor = 0;
+inline constexpr int programRevision = 0;
+
+/// The composition root: the services, the program folder, and the modules that have state. It is
+/// built once in `main`, or once a transcript.
+class Program {
+ public:
+  /// `programFolder` without a backslash at its end; `programFile` is the program file's name
+  /// without its extension.
+  Program(const Services& outside, std::string programFolder, std::string programFile);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  /// A modal message box; without a title it bears the program's own.
+  MsgBoxAnswer MsgBox(std::string_view text, MsgBoxButtons buttons = MsgBoxButtons::OK,
+                      std::string_view title = {});
+  /// A text by its number, in the language of the moment.
+  std::string mymyLoadString(int number);
+
+  /// Starts a command line in the current folder and goes on at once.
+  void Shell(std::string_view commandLine, WindowState state);
+  /// Changes the current folder. Fails with 76 if there is no such folder.
+  void ChDir(std::string_view folder);
+
+  /// The about box, created on first use.
+  frmAbout& about();
+  bool aboutIsUp() const;
+  /// For whoever shows the box: called once it is created, before it loads.
+  std::function<void(frmAbout&)> aboutCreated;
+
+  Services services;
+  std::string folder;
+  std::string file;
+  std::string currentFolder;
+
+  FileSystemObject files;
+  PrivateProfile profile;
+  MeridVersion server;
+  modLocalize language;
+  mdlHTMLHelp help;
+  std::unique_ptr<ScriptChecksumComponent> checksum;  ///< once it could be created
+  std::vector<Form*> loadedForms;
+  std::unique_ptr<frmMain> main;
+
+ private:
+  std::unique_ptr<frmAbout> aboutBox;
+};
+
+}  // namespace dialwright

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace dialwright {
+
+/// The ANSI code page is Windows-1252, one byte a character, lossless both ways also for the five
+/// bytes that it does not define (they are the control characters of the same number).
+std::string AnsiToUtf8(std::string_view ansi);
+/// What the code page cannot hold, and what is not UTF-8, becomes '?'.
+std::string Utf8ToAnsi(std::string_view utf8);
+
+/// UTF-16 in little-endian bytes, without a mark. Halves of pairs that stand alone, and what is not
+/// UTF-8, become U+FFFD; an odd last byte is dropped.
+std::string Utf16ToUtf8(std::string_view littleEndianBytes);
+std::string Utf8ToUtf16(std::string_view utf8);
+
+}  // namespace dialwright
