@@ -1,0 +1,143 @@
+// Loading and saving a whole slot, beside a plain read and a plain copy of the same three files.
+//
+// Each iteration does the plain work and ours in turn, so that both see the same machine; the
+// counters give their medians in microseconds and the median of the pairs' ratios.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "runner/World.h"
+#include "shell/Lifecycle.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr const char* scripts[] = {"Macros_MenuAlternate_Custom.cdh",
+                                   "SubMsgPlay_Alternate_Custom.cde",
+                                   "SubSetupMenu_Alternate1.cde"};
+constexpr const char* image = "/sandbox/merid-7.0-2.0/drive_c/Telhost/Localize/Scripts/";
+constexpr const char* folder = "C:\\Telhost\\Localize\\Scripts\\";
+
+std::string readPlainly(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
+  file.seekg(0);
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  return bytes;
+}
+
+/// A script of the image with conversation text in front, up to the size.
+std::string grown(std::string script, std::size_t size) {
+  std::string text = "[CONVERSATION]\r\n";
+  for (int line = 0; text.size() + script.size() < size; ++line)
+    text += "STEP" + std::to_string(line) + " PLAY PROMPT_" + std::to_string(line * 7 % 1000) +
+            " THEN WAIT 3 FOR KEY ELSE GOTO MENU\r\n";
+  return text + script;
+}
+
+/// The editor on a slot whose three files are about that large.
+struct Slot {
+  explicit Slot(std::size_t size) : world(printer) {
+    world.registry.set("Software\\Quillon", "Version Number",
+                       RegistryValue::doubleWord(0x00070000));
+    world.registry.set("Software\\Quillon", "Build Number", RegistryValue::doubleWord(0x00020000));
+    world.registry.set("SOFTWARE\\Quillon\\Telhost\\1.0", "Root Path",
+                       RegistryValue::text("C:\\Telhost\\"));
+    for (const char* name : scripts) {
+      const std::string script = readPlainly(std::string(DIALWRIGHT_SOURCE_DIR) + image + name);
+      world.makeFile(std::string(folder) + name, grown(script, size));
+      paths.push_back(world.hostPath(std::string(folder) + name));
+    }
+    Form_Load(*world.program.main);
+  }
+
+  frmMain& form() { return *world.program.main; }
+
+  Printer printer;
+  World world;
+  std::vector<std::filesystem::path> paths;
+};
+
+double microseconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
+      .count();
+}
+
+double median(std::vector<double> values) {
+  std::ranges::nth_element(values, values.begin() + static_cast<long>(values.size() / 2));
+  return values[values.size() / 2];
+}
+
+void pair(benchmark::State& state, const std::function<void()>& prepare,
+          const std::function<void()>& plain, const std::function<void()>& ours) {
+  std::vector<double> plainTimes, ourTimes, ratios;
+  for (auto _ : state) {
+    prepare();
+    plainTimes.push_back(microseconds(plain));
+    ourTimes.push_back(microseconds(ours));
+    ratios.push_back(ourTimes.back() / plainTimes.back());
+    state.SetIterationTime(ourTimes.back() * 1e-6);
+  }
+  state.counters["plain_us"] = median(plainTimes);
+  state.counters["ours_us"] = median(ourTimes);
+  state.counters["ratio"] = median(ratios);
+}
+
+/// A file that somebody has touched is read anew: a load that finds it cached would measure
+/// nothing.
+void touch(const Slot& slot) {
+  for (const auto& path : slot.paths)
+    std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now());
+}
+
+void LoadSlot(benchmark::State& state) {
+  Slot slot(static_cast<std::size_t>(state.range(0)));
+  pair(
+      state, [&] { touch(slot); },
+      [&] {
+        for (const auto& path : slot.paths) benchmark::DoNotOptimize(readPlainly(path));
+      },
+      [&] { LoadKeyMapInfo(slot.form()); });
+}
+
+void SaveSlot(benchmark::State& state) {
+  Slot slot(static_cast<std::size_t>(state.range(0)));
+  const std::filesystem::path copies = slot.world.hostPath("C:\\Copies");
+  std::filesystem::create_directories(copies);
+  pair(
+      state, [&] { slot.form().cmdSave.Enabled = true; },
+      [&] {
+        for (const auto& path : slot.paths)
+          std::filesystem::copy_file(path, copies / path.filename(),
+                                     std::filesystem::copy_options::overwrite_existing);
+      },
+      [&] {
+        slot.form().cmdSave.Click();
+        slot.printer.lines.clear();
+      });
+}
+
+constexpr std::int64_t kilobyte = 1024;
+
+void sizes(benchmark::internal::Benchmark* bench) {
+  for (const std::int64_t size : {16L, 128L, 1024L, 10240L}) bench->Arg(size * kilobyte);
+  bench->UseManualTime()->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(LoadSlot)->Apply(sizes);
+BENCHMARK(SaveSlot)->Apply(sizes);
+
+}  // namespace
+
+}  // namespace dialwright

@@ -1,0 +1,199 @@
+#include "Player.h"
+
+#include <charconv>
+#include <utility>
+
+#include "Views.h"
+#include "WorldSteps.h"
+#include "platform/Failure.h"
+#include "shell/Lifecycle.h"
+#include "shell/frmAbout.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+int wholeNumber(const std::string& text) {
+  int value = 0;
+  const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (fault != std::errc() || end != text.data() + text.size())
+    throw TranscriptError{"not a whole number: " + text};
+  return value;
+}
+
+bool isNumber(const std::string& text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+int gridNumber(const std::string& text) {
+  const int grid = wholeNumber(text);
+  if (grid < 0 || grid >= gridCount) throw TranscriptError{"no such grid: " + text};
+  return grid;
+}
+
+}  // namespace
+
+/// One word of the language. Those that take words throw TranscriptError for too few of them.
+struct Player::Verb {
+  std::string_view name;
+  std::size_t fewestWords;
+  void (*play)(Player& player, const Words& words, const std::vector<std::string>& given);
+};
+
+const Player::Verb* Player::find(const std::string& name) {
+  using Given = std::vector<std::string>;
+  static constexpr Verb verbs[] = {
+      {"server", 3, [](Player& p, const Words& w, const Given&) { SetServer(p.world, w); }},
+      {"registry", 4,
+       [](Player& p, const Words& w, const Given&) { SetRegistryValue(p.world, w); }},
+      {"file", 2, [](Player& p, const Words& w, const Given& g) { MakeFile(p.world, w, g); }},
+      {"copy", 3, [](Player& p, const Words& w, const Given&) { CopyProjectFile(p.world, w); }},
+      {"remove", 2, [](Player& p, const Words& w, const Given&) { RemovePath(p.world, w); }},
+      {"library", 2, [](Player& p, const Words& w, const Given& g) { MakeLibrary(p.world, w, g); }},
+      {"locale", 2, [](Player& p, const Words& w, const Given&) { SetLocale(p.world, w); }},
+      {"lock", 2, [](Player& p, const Words& w, const Given&) { p.world.files.lock(w[1]); }},
+      {"unlock", 2, [](Player& p, const Words& w, const Given&) { p.world.files.unlock(w[1]); }},
+      {"clock", 3, [](Player& p, const Words& w, const Given&) { SetClock(p.world, w); }},
+      {"component", 2, [](Player& p, const Words& w, const Given&) { SetComponent(p.world, w); }},
+      {"answer", 2, [](Player& p, const Words& w, const Given&) { AddAnswers(p.world, w); }},
+
+      {"start", 1, [](Player& p, const Words&, const Given&) { p.start(); }},
+      {"click", 2,
+       [](Player& p, const Words& w, const Given&) { p.act([&] { return p.user->click(w[1]); }); }},
+      {"set", 3,
+       [](Player& p, const Words& w, const Given&) {
+         const int value = wholeNumber(w[2]);
+         p.act([&] { return p.user->set(w[1], value); });
+       }},
+      {"tab", 2,
+       [](Player& p, const Words& w, const Given&) {
+         const int tab = wholeNumber(w[1]);
+         p.act([&] { return p.user->tab(tab); });
+       }},
+      {"row", 3,
+       [](Player& p, const Words& w, const Given&) {
+         const int grid = gridNumber(w[1]);
+         p.act([&] {
+           return isNumber(w[2]) ? p.user->row(grid, wholeNumber(w[2]))
+                                 : p.user->row(grid, std::string_view(w[2]));
+         });
+       }},
+      {"type", 2,
+       [](Player& p, const Words& w, const Given&) {
+         p.act([&] { return p.user->type(w[1], true); });
+       }},
+      {"add", 2,
+       [](Player& p, const Words& w, const Given&) {
+         p.act([&] { return p.user->type(w[1], false); });
+       }},
+      {"leave", 1,
+       [](Player& p, const Words&, const Given&) { p.act([&] { return p.user->leave(); }); }},
+      {"spin", 2,
+       [](Player& p, const Words& w, const Given&) {
+         if (w[1] != "up" && w[1] != "down") throw TranscriptError{"spin up | down"};
+         p.act([&] { return p.user->spin(w[1] == "up"); });
+       }},
+      {"close", 1,
+       [](Player& p, const Words&, const Given&) { p.act([&] { return p.user->close(); }); }},
+
+      {"form", 1,
+       [](Player& p, const Words&, const Given&) { ShowForm(p.world.program, p.printer); }},
+      {"grid", 2,
+       [](Player& p, const Words& w, const Given&) {
+         ShowGrid(p.world.program, gridNumber(w[1]), true, p.printer);
+       }},
+      {"keys", 2,
+       [](Player& p, const Words& w, const Given&) {
+         ShowGrid(p.world.program, gridNumber(w[1]), false, p.printer);
+       }},
+      {"edit", 2,
+       [](Player& p, const Words& w, const Given&) {
+         ShowEdit(p.world.program, gridNumber(w[1]), p.printer);
+       }},
+      {"setup", 1,
+       [](Player& p, const Words&, const Given&) { ShowSetup(p.world.program, p.printer); }},
+      {"text", 2,
+       [](Player& p, const Words& w, const Given&) { ShowText(p.world.program, w[1], p.printer); }},
+      {"languages", 1,
+       [](Player& p, const Words&, const Given&) { ShowLanguages(p.world.program, p.printer); }},
+      {"fonts", 1,
+       [](Player& p, const Words&, const Given&) { ShowFonts(p.world.program, p.printer); }},
+      {"cat", 2, [](Player& p, const Words& w, const Given&) { ShowFile(p.world, w); }},
+      {"macros", 2, [](Player& p, const Words& w, const Given&) { ShowMacros(p.world, w); }},
+      {"ls", 2, [](Player& p, const Words& w, const Given&) { ShowFolder(p.world, w); }},
+  };
+  for (const Verb& verb : verbs)
+    if (verb.name == name) return &verb;
+  return nullptr;
+}
+
+Player::Player(const MakeUser& makeUser) : world(printer), user(makeUser(world.program)) {
+  const auto shown = world.program.aboutCreated;
+  world.program.aboutCreated = [this, shown](frmAbout& about) {
+    if (shown) shown(about);
+    watchAbout(about);
+  };
+}
+
+Player::~Player() = default;
+
+std::vector<std::string> Player::play(const Step& step) {
+  printer.lines.clear();
+  try {
+    const Words words = SplitWords(step.text);
+    const Verb* verb = words.empty() ? nullptr : find(words[0]);
+    if (verb == nullptr) throw TranscriptError{"no such step: " + step.text};
+    if (words.size() < verb->fewestWords) throw TranscriptError{"too few words: " + step.text};
+    verb->play(*this, words, step.given);
+  } catch (const TranscriptError& error) {
+    printer.line("error: " + error.message);
+  } catch (const std::exception& error) {
+    printer.line(std::string("error: ") + error.what());
+  }
+  return std::exchange(printer.lines, {});
+}
+
+void Player::start() {
+  if (started) {
+    printer.line("refused");
+    return;
+  }
+  started = true;
+  guarded([this] {
+    Form_Load(*world.program.main);
+    user->started();
+  });
+}
+
+void Player::act(const std::function<Outcome()>& step) {
+  if (!started || ended) {
+    printer.line("refused");
+    return;
+  }
+  guarded([&] {
+    if (step() == Outcome::refused) printer.line("refused");
+  });
+}
+
+void Player::guarded(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const EndProgram&) {
+    ended = true;
+    printer.line("ended");
+  }
+}
+
+void Player::watchAbout(frmAbout& about) {
+  // The box tells every change of its state; only its coming and going are printed.
+  const auto shown = about.changed;
+  about.changed = [this, &about, shown, up = false]() mutable {
+    if (shown) shown();
+    if (about.Shown == up) return;
+    up = about.Shown;
+    printer.line(up ? "show frmAbout" : "hide frmAbout");
+  };
+}
+
+}  // namespace dialwright

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Printer.h"
+#include "Transcript.h"
+#include "User.h"
+#include "World.h"
+
+namespace dialwright {
+
+/// Makes the user of one transcript, at the place where it is played.
+using MakeUser = std::function<std::unique_ptr<User>(Program&)>;
+
+/// Plays the steps of one transcript in a fresh world.
+class Player {
+ public:
+  explicit Player(const MakeUser& makeUser);
+  ~Player();
+
+  /// What the step prints. An error of the transcript is printed as a line that begins with "error:
+  /// ".
+  std::vector<std::string> play(const Step& step);
+
+ private:
+  struct Verb;
+  static const Verb* find(const std::string& name);
+
+  void start();
+  /// A user's step; prints "refused" where it is.
+  void act(const std::function<Outcome()>& step);
+  /// Runs what may end the program.
+  void guarded(const std::function<void()>& step);
+  void watchAbout(frmAbout& about);
+
+  Printer printer;
+  World world;
+  std::unique_ptr<User> user;
+  bool started = false;
+  bool ended = false;
+};
+
+}  // namespace dialwright

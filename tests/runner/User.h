@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string_view>
+
+namespace dialwright {
+
+/// What became of a user's step.
+enum class Outcome {
+  done,
+  refused,  ///< the control is disabled, not offered or not there: nothing has happened
+  held,     ///< the edit box that had the focus refused to be left: the step did not take place
+};
+
+/// A user at the main form. Each step acts as a user would: the focus moves first, with all that
+/// hangs on it, then the control is used.
+class User {
+ public:
+  virtual ~User() = default;
+
+  /// The start-up sequence is through and the form comes up.
+  virtual void started() {}
+
+  /// Presses a button or picks a menu item.
+  virtual Outcome click(std::string_view name) = 0;
+  /// Clicks a check box once if its value is not that already.
+  virtual Outcome set(std::string_view name, int value) = 0;
+  virtual Outcome tab(int tab) = 0;
+  /// Clicks the place of a data row of a grid.
+  virtual Outcome row(int grid, int row) = 0;
+  /// Moves the focus to the grid, then clicks the row that bears the token.
+  virtual Outcome row(int grid, std::string_view token) = 0;
+  /// Types into the edit box of the current tab: with everything selected first, or at its end. An
+  /// empty text with everything selected presses the backspace key.
+  virtual Outcome type(std::string_view text, bool selectAll) = 0;
+  /// Moves the focus to the grid of the current tab.
+  virtual Outcome leave() = 0;
+  virtual Outcome spin(bool up) = 0;
+  /// The close box.
+  virtual Outcome close() = 0;
+};
+
+}  // namespace dialwright

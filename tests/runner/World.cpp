@@ -1,0 +1,179 @@
+#include "World.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <system_error>
+
+#include "platform/Failure.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr std::int32_t englishLanguage = 1033;
+constexpr std::string_view programFolder = "C:\\Dialwright";
+
+std::string lockKey(std::string_view path) { return LowerCase(path); }
+
+}  // namespace
+
+void LockableFiles::lock(std::string_view path) { locked.insert(lockKey(path)); }
+void LockableFiles::unlock(std::string_view path) { locked.erase(lockKey(path)); }
+
+bool LockableFiles::isLocked(std::string_view path) const { return locked.contains(lockKey(path)); }
+
+void LockableFiles::refuseLocked(std::string_view path) const {
+  if (isLocked(path)) throw RuntimeFailure(Failure::permissionDenied);
+}
+
+std::optional<FileStamp> LockableFiles::stamp(std::string_view path) {
+  // What cannot be opened has nothing to be known by: whoever kept a copy has to open it again.
+  if (isLocked(path)) return {};
+  return files.stamp(path);
+}
+
+std::vector<std::string> LockableFiles::fileNames(std::string_view folder) {
+  return files.fileNames(folder);
+}
+
+std::string LockableFiles::read(std::string_view path) {
+  refuseLocked(path);
+  return files.read(path);
+}
+
+std::unique_ptr<OutputFile> LockableFiles::open(std::string_view path, Opening opening,
+                                                bool create) {
+  refuseLocked(path);
+  return files.open(path, opening, create);
+}
+
+void LockableFiles::replace(std::string_view path, std::string_view bytes) {
+  refuseLocked(path);
+  files.replace(path, bytes);
+}
+
+void LockableFiles::copy(std::string_view from, std::string_view to, bool overwrite) {
+  refuseLocked(from);
+  refuseLocked(to);
+  files.copy(from, to, overwrite);
+}
+
+void LockableFiles::remove(std::string_view path, bool force) {
+  refuseLocked(path);
+  files.remove(path, force);
+}
+
+void LockableFiles::createFolder(std::string_view path) { files.createFolder(path); }
+
+MsgBoxAnswer ScriptedMessages::MsgBox(std::string_view text, MsgBoxButtons buttons,
+                                      std::string_view title) {
+  const std::string shownTitle = title.empty() ? "" : " title " + Shown(title);
+  if (buttons == MsgBoxButtons::OK) {
+    printer.line("msgbox OK " + Shown(text) + shownTitle);
+    return MsgBoxAnswer::OK;
+  }
+  if (answers.empty()) {
+    printer.line("error: no answer waits for " + Shown(text));
+    return MsgBoxAnswer::No;
+  }
+  const MsgBoxAnswer answer = answers.front();
+  answers.pop_front();
+  printer.line("msgbox YesNo " + Shown(text) + shownTitle +
+               (answer == MsgBoxAnswer::Yes ? " Yes" : " No"));
+  return answer;
+}
+
+void PrintedProcesses::Shell(std::string_view commandLine, WindowState state,
+                             std::string_view currentFolder) {
+  printer.line("shell " + std::to_string(static_cast<int>(state)) + " " + Shown(commandLine) +
+               " in " + Shown(currentFolder));
+}
+
+WindowHandle PrintedHelp::HtmlHelpA(WindowHandle, std::string_view path, unsigned command,
+                                    std::uintptr_t) {
+  printer.line("help " + Shown(path) + " " + std::to_string(command));
+  shown = 1;
+  return shown;
+}
+
+void PrintedHelp::SendMessageA(WindowHandle, unsigned, std::uintptr_t, std::uintptr_t) {
+  printer.line("help closed");
+  shown = 0;
+}
+
+namespace {
+
+class ScriptedComponent : public ScriptChecksumComponent {
+ public:
+  explicit ScriptedComponent(ScriptedChecksums& script) : checksums(script) {}
+  std::int32_t CalculateFileChecksum(std::int32_t stamp, std::string_view path) override {
+    return checksums.answer(stamp, path);
+  }
+
+ private:
+  ScriptedChecksums& checksums;
+};
+
+}  // namespace
+
+std::unique_ptr<ScriptChecksumComponent> ScriptedChecksums::CreateObject() {
+  if (!present) throw RuntimeFailure(Failure::cannotCreateObject);
+  return std::make_unique<ScriptedComponent>(*this);
+}
+
+std::int32_t ScriptedChecksums::answer(std::int32_t stamp, std::string_view path) {
+  printer.line("component " + std::to_string(stamp) + " " + Shown(path));
+  if (answers.empty()) return own.CreateObject()->CalculateFileChecksum(stamp, path);
+  const std::optional<std::int32_t> next = answers.front();
+  if (answers.size() > 1) answers.pop_front();
+  if (!next) throw RuntimeFailure(Failure::cannotCreateObject);
+  return *next;
+}
+
+World::Folder::Folder() {
+  std::string name = (std::filesystem::temp_directory_path() / "dialwright-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr)
+    throw std::system_error(errno, std::generic_category(), "no folder for a transcript");
+  path = name;
+}
+
+World::Folder::~Folder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path, ignored);
+}
+
+World::World(Printer& output)
+    : disk(root.path.string(), 'C'),
+      printer(output),
+      files(disk),
+      processes(output),
+      messages(output),
+      checksums(files, output),
+      languages(files, englishLanguage),
+      help(output),
+      program(Services{files, registry, clock, processes, messages, checksums, languages, help},
+              std::string(programFolder), "Dialwright") {
+  std::filesystem::create_directories(hostPath(programFolder));
+}
+
+World::~World() = default;
+
+std::filesystem::path World::hostPath(std::string_view path) const {
+  const std::string slashed = ReplaceAll(path, "\\", "/");
+  const bool hasDrive = slashed.size() > 1 && slashed[1] == ':';
+  const std::string drive = "drive_" + LowerCase(hasDrive ? slashed.substr(0, 1) : "c");
+  std::string rest = hasDrive ? slashed.substr(2) : slashed;
+  rest.erase(0, rest.find_first_not_of('/'));
+  return root.path / drive / rest;
+}
+
+void World::makeFile(std::string_view path, std::string_view bytes) {
+  const std::filesystem::path host = hostPath(path);
+  std::filesystem::create_directories(host.parent_path());
+  std::ofstream file(host, std::ios::binary | std::ios::trunc);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (!file.flush()) throw TranscriptError{"cannot make " + std::string(path)};
+}
+
+}  // namespace dialwright

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Printer.h"
+#include "platform/Clock.h"
+#include "platform/FileLanguages.h"
+#include "platform/FileStorePosix.h"
+#include "platform/HelpViewer.h"
+#include "platform/MessageBoxes.h"
+#include "platform/Processes.h"
+#include "platform/RegistryFile.h"
+#include "platform/ScriptChecksumComponent.h"
+#include "shell/Program.h"
+
+namespace dialwright {
+
+/// A file store in which single files can be locked: they are there, but cannot be opened.
+class LockableFiles : public FileStore {
+ public:
+  explicit LockableFiles(FileStore& realFiles) : files(realFiles) {}
+
+  void lock(std::string_view path);
+  void unlock(std::string_view path);
+
+  Kind kind(std::string_view path) override { return files.kind(path); }
+  std::optional<FileStamp> stamp(std::string_view path) override;
+  std::vector<std::string> fileNames(std::string_view folder) override;
+  std::string read(std::string_view path) override;
+  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override;
+  void replace(std::string_view path, std::string_view bytes) override;
+  void copy(std::string_view from, std::string_view to, bool overwrite) override;
+  void remove(std::string_view path, bool force) override;
+  void createFolder(std::string_view path) override;
+
+ private:
+  bool isLocked(std::string_view path) const;
+  void refuseLocked(std::string_view path) const;
+
+  FileStore& files;
+  std::set<std::string> locked;
+};
+
+/// A clock that stands, in a zone that is UTC.
+class StandingClock : public Clock {
+ public:
+  SystemTime Now() override { return now; }
+  std::optional<FileTime> LocalFileTimeToFileTime(FileTime local) override { return local; }
+
+  SystemTime now{2007, 3, 4, 5, 6, 7, 0};
+};
+
+/// Message boxes that print themselves and take their answers from a list.
+class ScriptedMessages : public MessageBoxes {
+ public:
+  explicit ScriptedMessages(Printer& output) : printer(output) {}
+  MsgBoxAnswer MsgBox(std::string_view text, MsgBoxButtons buttons,
+                      std::string_view title) override;
+
+  std::deque<MsgBoxAnswer> answers;
+
+ private:
+  Printer& printer;
+};
+
+class PrintedProcesses : public Processes {
+ public:
+  explicit PrintedProcesses(Printer& output) : printer(output) {}
+  void Shell(std::string_view commandLine, WindowState state,
+             std::string_view currentFolder) override;
+
+ private:
+  Printer& printer;
+};
+
+/// A help viewer of which only the doors are seen.
+class PrintedHelp : public HelpViewer {
+ public:
+  explicit PrintedHelp(Printer& output) : printer(output) {}
+  WindowHandle HtmlHelpA(WindowHandle owner, std::string_view path, unsigned command,
+                         std::uintptr_t data) override;
+  bool IsWindow(WindowHandle window) override { return window != 0 && window == shown; }
+  void SendMessageA(WindowHandle window, unsigned message, std::uintptr_t first,
+                    std::uintptr_t second) override;
+  void Sleep(unsigned) override {}
+
+ private:
+  Printer& printer;
+  WindowHandle shown = 0;
+};
+
+/// The checksum component, there or not, with its own answers or a transcript's.
+class ScriptedChecksums : public ScriptChecksumFactory {
+ public:
+  ScriptedChecksums(FileStore& files, Printer& output) : own(files), printer(output) {}
+  std::unique_ptr<ScriptChecksumComponent> CreateObject() override;
+  std::int32_t answer(std::int32_t stamp, std::string_view path);
+
+  bool present = true;
+  /// The answers to come, the last of which stays; nothing in it is a call that fails. Empty: the
+  /// component's own operation.
+  std::deque<std::optional<std::int32_t>> answers;
+
+ private:
+  CrcChecksumFactory own;
+  Printer& printer;
+};
+
+/// The world of one transcript, fresh and empty: its files lie in a folder of its own, which goes
+/// with it.
+class World {
+ public:
+  explicit World(Printer& output);
+  ~World();
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+
+  /// Where a path of the system really lies.
+  std::filesystem::path hostPath(std::string_view path) const;
+  /// Makes a file and its folders.
+  void makeFile(std::string_view path, std::string_view bytes);
+
+ private:
+  struct Folder {
+    Folder();
+    ~Folder();
+    std::filesystem::path path;
+  };
+  Folder root;
+
+ public:
+  FileStorePosix disk;
+  Printer& printer;
+  LockableFiles files;
+  MemoryRegistry registry;
+  StandingClock clock;
+  PrintedProcesses processes;
+  ScriptedMessages messages;
+  ScriptedChecksums checksums;
+  FileLanguages languages;
+  PrintedHelp help;
+  Program program;
+};
+
+}  // namespace dialwright
