@@ -4,7 +4,7 @@
 
 namespace dialwright {
 
-void Control::PropertyChanged() {
+void Control::PropertyChanged() const {
   if (HomeFocus != nullptr && !(Enabled && Visible)) HomeFocus->Withdraw(*this);
   if (changed) changed();
 }

@@ -25,7 +25,7 @@ struct Control {
   Control& operator=(const Control&) = delete;
 
   /// For the properties: the control has a new state.
-  void PropertyChanged();
+  void PropertyChanged() const;
 
   std::string Name;               ///< as the form knows it: "cmdSave", "txtKeyAssignment(0)"
   int HomeTab = -1;               ///< the tab it stands on; -1 outside the tabs

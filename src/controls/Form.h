@@ -18,7 +18,7 @@ struct Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  void PropertyChanged() {
+  void PropertyChanged() const {
     if (changed) changed();
   }
 

@@ -25,9 +25,9 @@ SortKey sortKey(const std::string& text) {
 
 }  // namespace
 
-const KeyGrid::Cells& KeyGrid::row(int number) const {
-  if (number < 0 || number >= Rows()) throw RuntimeFailure(Failure::subscriptOutOfRange);
-  return rows[static_cast<std::size_t>(number)];
+const KeyGrid::Cells& KeyGrid::cells(int row) const {
+  if (row < 0 || row >= Rows()) throw RuntimeFailure(Failure::subscriptOutOfRange);
+  return rows[static_cast<std::size_t>(row)];
 }
 
 void KeyGrid::CutToHeading() {
@@ -42,32 +42,32 @@ void KeyGrid::AddItem(std::string_view first) {
   Notify();
 }
 
-const std::string& KeyGrid::Text(int number, Column column) const {
-  return row(number)[static_cast<std::size_t>(column)];
+const std::string& KeyGrid::Text(int row, Column column) const {
+  return cells(row)[static_cast<std::size_t>(column)];
 }
 
-void KeyGrid::SetText(int number, Column column, std::string_view text) {
-  row(number);
-  rows[static_cast<std::size_t>(number)][static_cast<std::size_t>(column)] = text;
+void KeyGrid::SetText(int row, Column column, std::string_view text) {
+  cells(row);
+  rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
   Notify();
 }
 
-void KeyGrid::SetRow(int next) {
-  if (next < 1 || next >= Rows() || next == current) return;
+void KeyGrid::SetRow(int row) {
+  if (row < 1 || row >= Rows() || row == current) return;
   const int previous = current;
   bool cancel = false;
-  if (BeforeRowColChange) BeforeRowColChange(previous, keyColumn, next, keyColumn, cancel);
+  if (BeforeRowColChange) BeforeRowColChange(previous, keyColumn, row, keyColumn, cancel);
   if (cancel) return;
-  current = next;
+  current = row;
   Notify();
-  if (AfterRowColChange) AfterRowColChange(previous, keyColumn, next, keyColumn);
+  if (AfterRowColChange) AfterRowColChange(previous, keyColumn, row, keyColumn);
 }
 
-void KeyGrid::MoveRow(int from, int place) {
-  if (from < 1 || from >= Rows() || place < 1 || place >= Rows()) return;
-  const auto first = rows.begin() + std::min(from, place);
-  const auto last = rows.begin() + std::max(from, place) + 1;
-  std::rotate(first, from < place ? first + 1 : last - 1, last);
+void KeyGrid::MoveRow(int row, int place) {
+  if (row < 1 || row >= Rows() || place < 1 || place >= Rows()) return;
+  const auto first = rows.begin() + std::min(row, place);
+  const auto last = rows.begin() + std::max(row, place) + 1;
+  std::rotate(first, row < place ? first + 1 : last - 1, last);
   Notify();
 }
 

@@ -43,7 +43,7 @@ void ControlViews::joinPlain(const Control& control, QWidget& widget) {
 
 void ControlViews::join(Label& label, QLabel& widget) {
   joinPlain(label, widget);
-  showWith([&label, &widget] { widget.setText(toQt(label.Caption)); });
+  showWith([&label, &widget] { widget.setText(linesToQt(label.Caption())); });
 }
 
 void ControlViews::join(Label& label, QGroupBox& widget) {
@@ -56,7 +56,7 @@ void ControlViews::join(Label& label, QGroupBox& widget) {
 void ControlViews::join(Label& label, QTextEdit& widget) {
   joinPlain(label, widget);
   showWith([&label, &widget] {
-    if (const QString text = toQt(label.Caption); text != widget.toPlainText())
+    if (const QString text = linesToQt(label.Caption()); text != widget.toPlainText())
       widget.setPlainText(text);
   });
 }

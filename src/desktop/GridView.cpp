@@ -4,10 +4,25 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStyleOptionFocusRect>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 namespace dialwright {
+
+namespace {
+
+/// Cells with some room around their texts, so that a long list reads easily.
+class RoomyCells : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const int room = option.fontMetrics.height();
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * room, room / 2);
+  }
+};
+
+}  // namespace
 
 GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
     : QTableView(parent), grid(keyGrid), texts(keyGrid) {
@@ -24,6 +39,7 @@ GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
   setHorizontalScrollMode(ScrollPerPixel);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  setItemDelegate(new RoomyCells(this));
   // Columns as wide as their texts: a text too long for the view scrolls and is never cut.
   horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   horizontalHeader()->setStretchLastSection(true);
@@ -33,6 +49,7 @@ GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
 
 void GridView::refresh() {
   const bool changed = texts.refresh();
+  if (changed) updateGeometry();
   const int shown = currentIndex().isValid() ? currentIndex().row() + 1 : 0;
   if (changed || shown != grid.Row()) showCurrentRow();
 }

@@ -7,7 +7,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <algorithm>
-#include <memory>
 
 #include "desktop/QtText.h"
 #include "text/Text.h"
@@ -56,13 +55,18 @@ constexpr EditKey editKeys[] = {
     {QKeySequence::Cut, keyCut},
     {QKeySequence::Undo, keyUndo},
     {QKeySequence::Redo, keyRedo},
-    {QKeySequence::Backspace, keyBackspace},
-    {QKeySequence::DeleteStartOfWord, keyBackspace},
-    {QKeySequence::Delete, keyDelete},
-    {QKeySequence::DeleteEndOfWord, keyDelete},
     {QKeySequence::DeleteEndOfLine, keyDelete},
     {QKeySequence::DeleteCompleteLine, keyDelete},
 };
+
+/// The code of a key that takes text away or brings it back; 0 for any other.
+int editCode(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Backspace) return keyBackspace;
+  if (event.key() == Qt::Key_Delete) return keyDelete;
+  for (const EditKey& row : editKeys)
+    if (event.matches(row.key)) return row.code;
+  return 0;
+}
 
 }  // namespace
 
@@ -128,11 +132,10 @@ void KeyEdit::keyPressEvent(QKeyEvent* event) {
     paste(QClipboard::Clipboard);
     return;
   }
-  for (const EditKey& row : editKeys)
-    if (event->matches(row.key)) {
-      change(row.code, [this, event] { QLineEdit::keyPressEvent(event); });
-      return;
-    }
+  if (const int code = editCode(*event); code != 0) {
+    change(code, [this, event] { QLineEdit::keyPressEvent(event); });
+    return;
+  }
   if (isCharacter(*event))
     typeText(event->text());
   else
@@ -165,24 +168,34 @@ void KeyEdit::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void KeyEdit::contextMenuEvent(QContextMenuEvent* event) {
+  // The toolkit's own menu would change the text without a key press. Its words serve this one.
   struct MenuRow {
-    const char* name;  // as the toolkit names its actions
+    const char* name;
+    QString text;
+    bool enabled;
     std::function<void()> run;
   };
+  const bool selected = hasSelectedText();
   const MenuRow rows[] = {
-      {"edit-undo", [this] { change(keyUndo, [this] { undo(); }); }},
-      {"edit-redo", [this] { change(keyRedo, [this] { redo(); }); }},
-      {"edit-cut", [this] { change(keyCut, [this] { cut(); }); }},
-      {"edit-paste", [this] { paste(QClipboard::Clipboard); }},
-      {"edit-delete", [this] { change(keyDelete, [this] { del(); }); }},
+      {"undo", QLineEdit::tr("&Undo"), isUndoAvailable(),
+       [this] { change(keyUndo, [this] { undo(); }); }},
+      {"redo", QLineEdit::tr("&Redo"), isRedoAvailable(),
+       [this] { change(keyRedo, [this] { redo(); }); }},
+      {"cut", QLineEdit::tr("Cu&t"), selected, [this] { change(keyCut, [this] { cut(); }); }},
+      {"copy", QLineEdit::tr("&Copy"), selected, [this] { copy(); }},
+      {"paste", QLineEdit::tr("&Paste"), !QGuiApplication::clipboard()->text().isEmpty(),
+       [this] { paste(QClipboard::Clipboard); }},
+      {"delete", QLineEdit::tr("Delete"), selected,
+       [this] { change(keyDelete, [this] { del(); }); }},
+      {"selectAll", QLineEdit::tr("Select All"), !text().isEmpty(), [this] { selectAll(); }},
   };
-  const std::unique_ptr<QMenu> menu{createStandardContextMenu()};
-  for (const MenuRow& row : rows)
-    if (auto* action = menu->findChild<QAction*>(row.name)) {
-      action->disconnect();
-      connect(action, &QAction::triggered, this, row.run);
-    }
-  menu->exec(event->globalPos());
+  QMenu menu(this);
+  for (const MenuRow& row : rows) {
+    QAction* action = menu.addAction(row.text, row.run);
+    action->setObjectName(row.name);
+    action->setEnabled(row.enabled);
+  }
+  menu.exec(event->globalPos());
 }
 
 }  // namespace dialwright

@@ -7,6 +7,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/AboutDialog.h"
 #include "desktop/FocusFilter.h"
@@ -50,7 +51,9 @@ MainWindow::MainWindow(Program& theProgram)
 }
 
 MainWindow::~MainWindow() {
-  // The form outlives its window.
+  // The form outlives its window. Tabs that go away one by one are no choice of a tab.
+  tabs->tabBar()->disconnect();
+  delete takeCentralWidget();
   for (Control* control : form.Controls) control->changed = nullptr;
   form.focus.changed = nullptr;
   form.changed = nullptr;
@@ -146,7 +149,9 @@ void MainWindow::refresh() {
   menus->refresh();
   for (int i = 0; i < gridCount; ++i) {
     const QString tab = toQt(form.SSTab1.TabCaption(i));
-    views.focusWidget(&At(form.gridKeyMap, i))->setAccessibleName(tab);
+    QWidget* grid = views.focusWidget(&At(form.gridKeyMap, i));
+    grid->setAccessibleName(tab);
+    grid->setAccessibleDescription(linesToQt(At(form.txtDescription, i).Caption()));
     views.focusWidget(&At(form.UpDownMenuOrder, i))
         ->setAccessibleName(toQt(At(form.frameMenuOrder, i).Caption));
     QWidget* key = views.focusWidget(&At(form.txtKeyAssignment, i));
@@ -163,10 +168,13 @@ void MainWindow::pick(MenuItem& item) {
 
 void MainWindow::open() {
   refresh();
-  // Wide enough for the tabs, and never larger than the screen.
-  const int character = fontMetrics().averageCharWidth();
-  resize(sizeHint()
-             .expandedTo({character * 120, fontMetrics().height() * 34})
+  // Wide enough for the widest page and for all tabs, with some room for languages of longer words,
+  // and never larger than the screen.
+  centralWidget()->layout()->invalidate();
+  const QSize wanted = centralWidget()->sizeHint();
+  const int tabsWidth =
+      tabs->tabBar()->sizeHint().width() + wanted.width() - tabs->sizeHint().width();
+  resize(QSize(std::max(wanted.width(), tabsWidth) * 9 / 8, fontMetrics().height() * 42)
              .boundedTo(screen()->availableSize()));
   show();
 }

@@ -15,7 +15,7 @@ MsgBoxAnswer QtMessageBoxes::MsgBox(std::string_view text, MsgBoxButtons buttons
   box.setObjectName("msgbox");
   box.setWindowTitle(boxTitle.empty() ? title : toQt(boxTitle));
   box.setTextFormat(Qt::PlainText);
-  box.setText(toQt(text));
+  box.setText(linesToQt(text));
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.setIcon(question ? QMessageBox::Question : QMessageBox::Information);
   box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);

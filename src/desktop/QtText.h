@@ -12,6 +12,9 @@ inline QString toQt(std::string_view utf8) {
 
 inline QString toQt(const std::string& utf8) { return QString::fromStdString(utf8); }
 
+/// A text of several lines, with the toolkit's line ends.
+inline QString linesToQt(std::string_view utf8) { return toQt(utf8).replace("\r\n", "\n"); }
+
 inline std::string fromQt(const QString& text) { return text.toStdString(); }
 
 }  // namespace dialwright

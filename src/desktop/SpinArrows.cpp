@@ -17,6 +17,8 @@ QToolButton* arrowButton(Qt::ArrowType arrow, const QString& name) {
   button->setToolTip(name);
   button->setFocusPolicy(Qt::NoFocus);
   button->setAutoRepeat(true);
+  const int side = button->fontMetrics().height() + 4;
+  button->setMinimumSize(side + side / 4, side);
   return button;
 }
 

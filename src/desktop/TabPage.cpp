@@ -26,7 +26,8 @@ QTextEdit* descriptionText() {
   text->setTextInteractionFlags(Qt::NoTextInteraction);
   text->setFrameShape(QFrame::NoFrame);
   text->viewport()->setAutoFillBackground(false);
-  text->setMinimumHeight(text->fontMetrics().height() * 5);
+  const QFontMetrics metrics = text->fontMetrics();
+  text->setMinimumSize(metrics.averageCharWidth() * 38, metrics.height() * 4);
   return text;
 }
 
@@ -45,6 +46,7 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   auto* description = descriptionText();
 
   auto* orderRow = new QHBoxLayout(orderFrame);
+  orderRow->setContentsMargins(8, 4, 8, 4);
   orderRow->addWidget(order);
   orderRow->addStretch();
   auto* descriptionColumn = new QVBoxLayout(descriptionFrame);
@@ -53,11 +55,11 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   auto* keyColumn = new QVBoxLayout;
   keyColumn->setSpacing(4);
   keyColumn->addWidget(keyLabel);
-  keyColumn->addWidget(key);
+  keyColumn->addWidget(key, 0, Qt::AlignLeft);  // a key is short, and so is its box
   keyColumn->addWidget(keyNote);
 
   auto* edits = new QVBoxLayout;
-  edits->setSpacing(12);
+  edits->setSpacing(14);
   edits->addLayout(keyColumn);
   edits->addWidget(dontVoice);
   edits->addWidget(orderFrame);
@@ -65,8 +67,8 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
 
   auto* columns = new QHBoxLayout;
   columns->setSpacing(16);
-  columns->addWidget(grid, 3);
-  columns->addLayout(edits, 2);
+  columns->addWidget(grid, 1);
+  columns->addLayout(edits);
 
   auto* page = new QVBoxLayout(this);
   page->setSpacing(10);

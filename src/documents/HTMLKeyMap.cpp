@@ -44,7 +44,9 @@ std::string conversationName(const frmMain& form) {
 
 std::string readAll(FileSystemObject& files, const std::string& path) {
   const auto page = files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
-  std::string text = page->ReadAll();
+  // A page without any text, as a write that failed leaves it, holds no placeholder: that failure
+  // has been reported, and not again at every row behind it.
+  std::string text = page->AtEndOfStream() ? std::string() : page->ReadAll();
   page->Close();
   return text;
 }

@@ -37,9 +37,9 @@ void AddKeyToGrid(frmMain& form, int grid, std::string_view key, std::string_vie
   keys.SetText(row, Column::ActionToken, token);
 }
 
-void SortGrid(frmMain& form, int index) {
-  if (!isVoicedMenu(index)) return;
-  KeyGrid& grid = At(form.gridKeyMap, index);
+void SortGrid(frmMain& form, int Index) {
+  if (!isVoicedMenu(Index)) return;
+  KeyGrid& grid = At(form.gridKeyMap, Index);
   grid.SetRedraw(Redraw::none);
   if (!grid.HasRowInHand()) grid.SetRow(1);
   if (grid.HasRowInHand()) {
@@ -56,17 +56,17 @@ void SortGrid(frmMain& form, int index) {
   grid.SetRedraw(Redraw::buffered);
 }
 
-void BeginFilling(frmMain& form, int grid) {
-  At(form.gridKeyMap, grid).SetRedraw(Redraw::none);
-  At(form.gridKeyMap, grid).CutToHeading();
+void BeginFilling(frmMain& form, int Index) {
+  At(form.gridKeyMap, Index).SetRedraw(Redraw::none);
+  At(form.gridKeyMap, Index).CutToHeading();
 }
 
-void EndFilling(frmMain& form, int index) {
-  KeyGrid& grid = At(form.gridKeyMap, index);
-  if (isVoicedMenu(index)) {
+void EndFilling(frmMain& form, int Index) {
+  KeyGrid& grid = At(form.gridKeyMap, Index);
+  if (isVoicedMenu(Index)) {
     grid.SortGeneric(Column::Order);
     grid.Refresh();
-    SortGrid(form, index);
+    SortGrid(form, Index);
   }
   grid.SetRow(1);
   grid.SetRedraw(Redraw::buffered);

@@ -17,12 +17,12 @@ void AddKeyToGrid(frmMain& form, int grid, std::string_view key, std::string_vie
 /// Numbers the voiced rows of a menu 10, 20, 30 and so on as they stand, puts the others below
 /// them, and keeps the selected action selected. Only the main menu, the after message menu and the
 /// globals have an order; other grids are left alone.
-void SortGrid(frmMain& form, int grid);
+void SortGrid(frmMain& form, int Index);
 
 /// Begins the filling of a grid: suspends its drawing and cuts it down to its heading.
-void BeginFilling(frmMain& form, int grid);
+void BeginFilling(frmMain& form, int Index);
 /// Ends it: selects the first row and draws again. A voiced menu is sorted first by the orders that
 /// it was given.
-void EndFilling(frmMain& form, int grid);
+void EndFilling(frmMain& form, int Index);
 
 }  // namespace dialwright

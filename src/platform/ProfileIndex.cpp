@@ -34,25 +34,36 @@ std::size_t LineStart(std::string_view text, std::size_t from, std::size_t at) {
 }  // namespace
 
 ProfileIndex::ProfileIndex(std::string_view text, const SectionLines& section)
-    : all(text), slots(1024) {
-  const std::string_view lines = text.substr(0, section.end);
-  std::size_t from = section.begin;
-  for (std::size_t equals = lines.find('=', from); equals != std::string_view::npos;
-       equals = lines.find('=', from)) {
-    const std::size_t start = LineStart(lines, from, equals);
-    const std::string_view key = TrimBlanksAndTabs(lines.substr(start, equals - start));
-    if (!key.empty() && key.size() <= UINT32_MAX) {
-      add({static_cast<std::size_t>(key.data() - lines.data()), equals,
-           static_cast<std::uint32_t>(key.size()), HashWithoutCase(key)});
-    }
-    from = LineEnd(lines, equals);
+    : all(text.substr(0, section.end)), next(section.begin), slots(1024) {}
+
+std::optional<std::size_t> ProfileIndex::find(std::string_view key) {
+  const std::uint32_t hash = HashWithoutCase(key);
+  for (;;) {
+    const Slot& slot = slots[placeOf(key, hash)];
+    if (slot.equals != 0) return slot.equals + 1;
+    if (next == all.size()) return std::nullopt;
+    readOn();
   }
 }
 
-std::optional<std::size_t> ProfileIndex::find(std::string_view key) const {
-  const Slot& slot = slots[placeOf(key, HashWithoutCase(key))];
-  if (slot.equals == 0) return std::nullopt;
-  return slot.equals + 1;
+// Some more lines, enough of them for a search in between to cost little.
+void ProfileIndex::readOn() {
+  constexpr std::size_t portion = 4096;
+  const std::size_t stop = next + portion;
+  while (next < stop) {
+    const std::size_t equals = all.find('=', next);
+    if (equals == std::string_view::npos) {
+      next = all.size();
+      return;
+    }
+    const std::size_t start = LineStart(all, next, equals);
+    const std::string_view key = TrimBlanksAndTabs(all.substr(start, equals - start));
+    if (!key.empty() && key.size() <= UINT32_MAX) {
+      add({static_cast<std::size_t>(key.data() - all.data()), equals,
+           static_cast<std::uint32_t>(key.size()), HashWithoutCase(key)});
+    }
+    next = LineEnd(all, equals);
+  }
 }
 
 // The key's slot, or the empty one that it would take.

@@ -10,16 +10,17 @@
 
 namespace dialwright {
 
-/// Where the keys of one section stand in a text. Of a key that stands twice the first counts. Made
-/// in one pass over the section, which is most of the cost of reading a large one: so a flat table,
-/// no copy of a key, and no look at lines without an equals sign.
+/// Where the keys of one section stand in a text. Of a key that stands twice the first counts. The
+/// section is gone through once, and only as far as the keys that are asked for stand in it; that
+/// is most of the cost of reading a large one, so there is a flat table, no copy of a key, and no
+/// look at lines without an equals sign.
 class ProfileIndex {
  public:
   /// The text must stay where it is.
   ProfileIndex(std::string_view text, const SectionLines& section);
 
   /// Where the value of a key (its name without blanks around it) begins, behind the equals sign.
-  std::optional<std::size_t> find(std::string_view key) const;
+  std::optional<std::size_t> find(std::string_view key);
 
  private:
   struct Slot {
@@ -33,8 +34,10 @@ class ProfileIndex {
   std::size_t placeOf(std::string_view key, std::uint32_t hash) const;
   void add(const Slot& slot);
   void grow();
+  void readOn();
 
-  std::string_view all;
+  std::string_view all;  // up to the section's end
+  std::size_t next;      // where the part begins that is not in the table yet
   std::vector<Slot> slots;
   std::size_t count = 0;
 };

@@ -7,8 +7,7 @@
 namespace dialwright {
 namespace {
 
-constexpr std::string_view blanks = " \t";
-
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
 struct Heading {
@@ -22,7 +21,7 @@ std::optional<Heading> NextHeading(std::string_view text, std::size_t from) {
   for (std::size_t open = text.find('[', from); open != std::string_view::npos;
        open = text.find('[', open + 1)) {
     std::size_t line = open;
-    while (line > from && blanks.find(text[line - 1]) != std::string_view::npos) --line;
+    while (line > from && IsBlank(text[line - 1])) --line;
     if (line > 0 && !IsLineEnd(text[line - 1])) continue;
     const std::size_t end = LineEnd(text, open);
     const std::string_view rest = text.substr(open + 1, end - open - 1);
@@ -35,6 +34,12 @@ std::optional<Heading> NextHeading(std::string_view text, std::size_t from) {
 }  // namespace
 
 std::size_t LineEnd(std::string_view text, std::size_t from) {
+  // Most values are short; a search for each of the two bytes would cost more than they do.
+  constexpr std::size_t shortRest = 16;
+  const std::size_t near = std::min(text.size(), from + shortRest);
+  for (; from < near; ++from) {
+    if (IsLineEnd(text[from])) return from;
+  }
   // In windows, so that a text with only one kind of line ends is not searched to its end for the
   // other kind at every line.
   constexpr std::size_t window = 256;
@@ -53,15 +58,17 @@ std::size_t NextLine(std::string_view text, std::size_t lineEnd) {
 }
 
 std::string_view UsualLineEnd(std::string_view text) {
-  const std::size_t end = LineEnd(text, 0);
-  if (end == text.size()) return "\r\n";
-  return text.substr(end, NextLine(text, end) - end);
+  const std::size_t feed = text.find('\n');
+  if (feed == std::string_view::npos) {
+    return text.find('\r') == std::string_view::npos ? "\r\n" : "\r";
+  }
+  return feed > 0 && text[feed - 1] == '\r' ? "\r\n" : "\n";
 }
 
 std::string_view TrimBlanksAndTabs(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 std::optional<SectionLines> FindSection(std::string_view text, std::string_view name) {

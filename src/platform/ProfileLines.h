@@ -17,7 +17,9 @@ std::size_t LineEnd(std::string_view text, std::size_t from);
 /// Behind the line end that stands at `lineEnd`.
 std::size_t NextLine(std::string_view text, std::size_t lineEnd);
 
-/// The line end of the text's first line, carriage return and line feed for a text without any.
+/// How new lines of a text end: as its first line does; carriage return and line feed in a text
+/// without lines. In a text that has line feeds, lines that end in a carriage return alone do not
+/// count: such an end, put before a line feed, would make one line end of two.
 std::string_view UsualLineEnd(std::string_view text);
 
 /// The text without the blanks and tabs around it.

@@ -50,7 +50,7 @@ std::optional<std::string_view> ProfileText::value(std::string_view sectionName,
                                                    std::string_view keyName) {
   if (!understood) return std::nullopt;
   const std::string_view key = TrimBlanksAndTabs(keyName);
-  const Section& section = find(sectionName);
+  Section& section = find(sectionName);
   if (section.index) {
     if (const std::optional<std::size_t> at = section.index->find(key)) return valueAt(*at);
   }

@@ -152,14 +152,12 @@ class Reader {
       return;
     }
     const std::string data = TakeJoinedLines(text);
+    rest = text;
     if (data == "-") {
       registry.removeValue(*key, name);
     } else if (const std::optional<RegistryValue> value = ParseData(data)) {
       registry.set(*key, name, *value);
-    } else {
-      return;
     }
-    rest = text;
   }
 
   // A line and those after it that a backslash at the line's end calls for.

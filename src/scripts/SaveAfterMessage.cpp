@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -32,14 +34,12 @@ constexpr std::string_view gotoActions[] = {"MSGMENU_GOTO_ENABLE", "MSGMENU_GOTO
 
 template <class Names>
 bool isOneOf(const Names& names, std::string_view token) {
-  for (const std::string_view name : names)
-    if (name == token) return true;
-  return false;
+  return std::ranges::find(names, token) != std::end(names);
 }
 
-void writeEntry(SectionWriter& writer, std::string_view token, std::string_view key,
+void writeEntry(SectionWriter& writer, std::string_view token, std::string_view keyValue,
                 std::string_view order) {
-  writer.Write(token, key);
+  writer.Write(token, keyValue);
   writer.Write("ORDINAL_" + std::string(token), order);
 }
 

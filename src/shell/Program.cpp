@@ -37,9 +37,9 @@ void Program::Shell(std::string_view commandLine, WindowState state) {
   services.processes.Shell(commandLine, state, currentFolder);
 }
 
-void Program::ChDir(std::string_view next) {
-  if (!files.FolderExists(next)) throw RuntimeFailure(Failure::pathNotFound);
-  currentFolder = next;
+void Program::ChDir(std::string_view path) {
+  if (!files.FolderExists(path)) throw RuntimeFailure(Failure::pathNotFound);
+  currentFolder = path;
 }
 
 frmAbout& Program::about() {

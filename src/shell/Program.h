@@ -63,10 +63,11 @@ class Program {
   /// Starts a command line in the current folder and goes on at once.
   void Shell(std::string_view commandLine, WindowState state);
   /// Changes the current folder. Fails with 76 if there is no such folder.
-  void ChDir(std::string_view folder);
+  void ChDir(std::string_view path);
 
   /// The about box, created on first use.
   frmAbout& about();
+  bool aboutIsLoaded() const { return aboutBox != nullptr; }
   bool aboutIsUp() const;
   /// For whoever shows the box: called once it is created, before it loads.
   std::function<void(frmAbout&)> aboutCreated;

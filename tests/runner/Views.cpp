@@ -94,6 +94,7 @@ void ShowText(Program& program, std::string_view name, Printer& printer) {
 }
 
 void ShowLanguages(Program& program, Printer& printer) {
+  if (!program.aboutIsLoaded()) return;
   const auto& items = program.about().mnuLanguageList;
   for (std::size_t i = 0; i < items.size(); ++i)
     printer.line(std::to_string(i) + " " + Shown(items[i]->Caption()) + " " + items[i]->Tag);

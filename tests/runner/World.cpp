@@ -1,8 +1,6 @@
 #include "World.h"
 
-#include <cstdlib>
 #include <fstream>
-#include <system_error>
 
 #include "platform/Failure.h"
 #include "text/Text.h"
@@ -131,26 +129,14 @@ std::int32_t ScriptedChecksums::answer(std::int32_t stamp, std::string_view path
   return *next;
 }
 
-World::Folder::Folder() {
-  std::string name = (std::filesystem::temp_directory_path() / "dialwright-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr)
-    throw std::system_error(errno, std::generic_category(), "no folder for a transcript");
-  path = name;
-}
-
-World::Folder::~Folder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path, ignored);
-}
-
 World::World(Printer& output)
-    : disk(root.path.string(), 'C'),
+    : disk(root),
       printer(output),
       files(disk),
       processes(output),
       messages(output),
       checksums(files, output),
-      languages(files, englishLanguage),
+      languages(root, files, englishLanguage),
       help(output),
       program(Services{files, registry, clock, processes, messages, checksums, languages, help},
               std::string(programFolder), "Dialwright") {
@@ -158,15 +144,6 @@ World::World(Printer& output)
 }
 
 World::~World() = default;
-
-std::filesystem::path World::hostPath(std::string_view path) const {
-  const std::string slashed = ReplaceAll(path, "\\", "/");
-  const bool hasDrive = slashed.size() > 1 && slashed[1] == ':';
-  const std::string drive = "drive_" + LowerCase(hasDrive ? slashed.substr(0, 1) : "c");
-  std::string rest = hasDrive ? slashed.substr(2) : slashed;
-  rest.erase(0, rest.find_first_not_of('/'));
-  return root.path / drive / rest;
-}
 
 void World::makeFile(std::string_view path, std::string_view bytes) {
   const std::filesystem::path host = hostPath(path);

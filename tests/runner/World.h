@@ -11,13 +11,12 @@
 #include <vector>
 
 #include "Printer.h"
+#include "WorldPlace.h"
 #include "platform/Clock.h"
-#include "platform/FileLanguages.h"
-#include "platform/FileStorePosix.h"
+#include "platform/FileStore.h"
 #include "platform/HelpViewer.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Processes.h"
-#include "platform/RegistryFile.h"
 #include "platform/ScriptChecksumComponent.h"
 #include "shell/Program.h"
 
@@ -124,28 +123,23 @@ class World {
   World& operator=(const World&) = delete;
 
   /// Where a path of the system really lies.
-  std::filesystem::path hostPath(std::string_view path) const;
+  std::filesystem::path hostPath(std::string_view path) const { return root.hostPath(path); }
   /// Makes a file and its folders.
   void makeFile(std::string_view path, std::string_view bytes);
 
  private:
-  struct Folder {
-    Folder();
-    ~Folder();
-    std::filesystem::path path;
-  };
-  Folder root;
+  WorldFolder root;
 
  public:
-  FileStorePosix disk;
+  WorldDisk disk;
   Printer& printer;
   LockableFiles files;
-  MemoryRegistry registry;
+  WorldRegistry registry;
   StandingClock clock;
   PrintedProcesses processes;
   ScriptedMessages messages;
   ScriptedChecksums checksums;
-  FileLanguages languages;
+  WorldLanguages languages;
   PrintedHelp help;
   Program program;
 };

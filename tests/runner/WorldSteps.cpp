@@ -111,7 +111,7 @@ std::string_view trimmedOfBlanksAndTabs(std::string_view text) {
 
 void SetServer(World& world, const Words& words) {
   need(words.size() == 3, "server EDITION VERSION");
-  MemoryRegistry& registry = world.registry;
+  WorldRegistry& registry = world.registry;
   registry.removeKey(tesselKey);
   for (const char* name : {"Version Number", "Build Number"}) registry.removeValue(meridKey, name);
   registry.removeValue(telhostKey, "Root Path");

@@ -1,0 +1,11 @@
+#include "RandomWalk.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string wrong = dialwright::WalkAtRandom({data, size});
+  if (wrong.empty()) return 0;
+  std::fprintf(stderr, "%s", wrong.c_str());
+  std::abort();
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FileStoreWin32.h"
+#include "platform/LanguagesWin32.h"
+#include "platform/RegistryFile.h"
+#include "platform/RegistryWin32.h"
+
+namespace dialwright {
+
+/// What a transcript's world has from the operating system: on each, the same names.
+
+/// A new folder for the files of one transcript, gone with it.
+struct WorldFolder {
+  WorldFolder();
+  ~WorldFolder();
+  WorldFolder(const WorldFolder&) = delete;
+  WorldFolder& operator=(const WorldFolder&) = delete;
+
+  /// Where a path of the system really lies.
+  std::filesystem::path hostPath(std::string_view path) const;
+
+  std::filesystem::path path;
+};
+
+/// The real files of Windows, with the drives of the transcript laid into its folder: nothing on the
+/// machine's own drives is touched.
+class WorldDisk : public FileStore {
+ public:
+  explicit WorldDisk(const WorldFolder& worldFolder) : folder(worldFolder) {}
+
+  Kind kind(std::string_view path) override { return files.kind(placed(path)); }
+  std::optional<FileStamp> stamp(std::string_view path) override {
+    return files.stamp(placed(path));
+  }
+  std::vector<std::string> fileNames(std::string_view path) override {
+    return files.fileNames(placed(path));
+  }
+  std::string read(std::string_view path) override { return files.read(placed(path)); }
+  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override {
+    return files.open(placed(path), opening, create);
+  }
+  void replace(std::string_view path, std::string_view bytes) override {
+    files.replace(placed(path), bytes);
+  }
+  void copy(std::string_view from, std::string_view to, bool overwrite) override {
+    files.copy(placed(from), placed(to), overwrite);
+  }
+  void remove(std::string_view path, bool force) override { files.remove(placed(path), force); }
+  void createFolder(std::string_view path) override { files.createFolder(placed(path)); }
+
+ private:
+  std::string placed(std::string_view path) const;
+
+  const WorldFolder& folder;
+  FileStoreWin32 files;
+};
+
+/// The real registry of Windows. While it lives, this process finds an empty key of the user's in place
+/// of the machine's own: nothing of the machine is read or changed, and nothing is left.
+class WorldRegistry : public RegistryWin32 {
+ public:
+  WorldRegistry();
+  ~WorldRegistry() override;
+  WorldRegistry(const WorldRegistry&) = delete;
+  WorldRegistry& operator=(const WorldRegistry&) = delete;
+
+  void set(std::string_view key, std::string_view name, const RegistryValue& value);
+  void makeKey(std::string_view key);
+  void removeValue(std::string_view key, std::string_view name);
+  void removeKey(std::string_view key);
+
+ private:
+  std::wstring place;
+};
+
+/// The real resource loader, with a user's language that can be chosen. A library that the
+/// transcript has locked cannot be loaded.
+class WorldLanguages : public LanguagesWin32 {
+ public:
+  WorldLanguages(const WorldFolder& worldFolder, FileStore& worldFiles, std::int32_t userLanguage)
+      : defaultLanguage(userLanguage), folder(worldFolder), files(worldFiles) {}
+  ~WorldLanguages() override;
+  WorldLanguages(const WorldLanguages&) = delete;
+  WorldLanguages& operator=(const WorldLanguages&) = delete;
+
+  LibraryHandle LoadLibraryExW(std::string_view path, unsigned flags) override;
+  void FreeLibrary(LibraryHandle library) override;
+  std::int32_t GetUserDefaultLangID() override { return defaultLanguage; }
+  std::optional<std::string> GetLocaleInfoA(std::int32_t language, int information) override;
+  std::optional<std::string> VerLanguageNameA(std::int32_t language) override;
+
+  std::int32_t defaultLanguage;
+
+ private:
+  const WorldFolder& folder;
+  FileStore& files;
+  std::set<LibraryHandle> loaded;
+};
+
+}  // namespace dialwright

@@ -1,0 +1,120 @@
+#include "MirrorCheck.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTableView>
+#include <QTextEdit>
+
+#include "desktop/MainWindow.h"
+#include "desktop/QtText.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+class Comparison {
+ public:
+  std::string first;
+
+  void same(const std::string& what, const QString& shown, const QString& held) {
+    if (first.empty() && shown != held)
+      first = what + " shows \"" + fromQt(shown) + "\" for \"" + fromQt(held) + "\"";
+  }
+  void same(const std::string& what, int shown, int held) {
+    same(what, QString::number(shown), QString::number(held));
+  }
+};
+
+void compareItem(const MenuItem& item, const MainWindow& window, Comparison& compare) {
+  const auto* action = window.findChild<QAction*>(toQt(item.Name));
+  compare.same(item.Name + " there", action != nullptr, true);
+  if (action == nullptr) return;
+  compare.same(item.Name, action->text(), toQt(item.Caption));
+  compare.same(item.Name + " visible", action->isVisible(), item.Visible);
+  // What is not visible cannot be used either, says the toolkit.
+  compare.same(item.Name + " enabled", action->isEnabled(), item.Visible && item.Enabled);
+  compare.same(item.Name + " checked", action->isChecked(), item.Checked);
+}
+
+void compareGrid(const KeyGrid& grid, const QTableView& view, Comparison& compare) {
+  const QAbstractItemModel& rows = *view.model();
+  compare.same(grid.Name + " rows", rows.rowCount(), grid.Rows() - 1);
+  if (!compare.first.empty()) return;
+  compare.same(grid.Name + " current row", view.currentIndex().row() + 1, grid.Row());
+  compare.same(grid.Name + " selected rows",
+               static_cast<int>(view.selectionModel()->selectedRows().size()),
+               grid.HasRowInHand() ? 1 : 0);
+  for (int row = 0; row < grid.Rows(); ++row)
+    for (const Column column : {Column::Action, Column::KeyAssignment}) {
+      const int place = static_cast<int>(column);
+      const QVariant shown = row == 0 ? rows.headerData(place, Qt::Horizontal, Qt::DisplayRole)
+                                      : rows.index(row - 1, place).data();
+      compare.same(grid.Name + " row " + std::to_string(row), shown.toString(),
+                   toQt(grid.Text(row, column)));
+    }
+}
+
+void compareTabs(const TabStrip& tabs, const QTabBar& bar, Comparison& compare) {
+  compare.same("current tab", bar.currentIndex(), tabs.Tab());
+  for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
+    compare.same("tab " + std::to_string(tab), bar.tabText(tab), toQt(tabs.TabCaption(tab)));
+    compare.same("tab there " + std::to_string(tab), bar.isTabVisible(tab), tabs.TabVisible(tab));
+  }
+}
+
+/// The text that a widget of any kind shows.
+QString shownText(const QWidget& widget) {
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
+  if (const auto* frame = qobject_cast<const QGroupBox*>(&widget)) return frame->title();
+  if (const auto* text = qobject_cast<const QTextEdit*>(&widget)) return text->toPlainText();
+  return {};
+}
+
+void compareWidget(const Control& control, const QWidget& widget, Comparison& compare) {
+  compare.same(control.Name + " enabled", widget.isEnabled(), control.Enabled);
+  if (const auto* grid = dynamic_cast<const KeyGrid*>(&control)) {
+    compareGrid(*grid, static_cast<const QTableView&>(widget), compare);
+  } else if (const auto* box = dynamic_cast<const EditBox*>(&control)) {
+    const auto& edit = static_cast<const QLineEdit&>(widget);
+    compare.same(control.Name, edit.text(), toQt(box->Text()));
+    compare.same(control.Name + " selected", static_cast<int>(edit.selectedText().size()),
+                 static_cast<int>(box->SelLength));
+  } else if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
+    compare.same(control.Name, static_cast<const QCheckBox&>(widget).isChecked(), check->Value());
+    compare.same(control.Name, shownText(widget), toQt(control.Caption));
+  } else if (const auto* tabs = dynamic_cast<const TabStrip*>(&control)) {
+    compareTabs(*tabs, static_cast<const QTabBar&>(widget), compare);
+  } else {
+    compare.same(control.Name, shownText(widget), linesToQt(control.Caption()));
+  }
+}
+
+}  // namespace
+
+std::string MirrorDifference(const frmMain& form, MainWindow& window) {
+  Comparison compare;
+  compare.same("title", window.windowTitle(), toQt(form.Caption));
+  for (const Control* control : form.Controls) {
+    if (const auto* item = dynamic_cast<const MenuItem*>(control)) {
+      compareItem(*item, window, compare);
+      continue;
+    }
+    const auto* widget = window.findChild<QWidget*>(toQt(control->Name));
+    compare.same(control->Name + " there", widget != nullptr, true);
+    if (widget != nullptr) compareWidget(*control, *widget, compare);
+  }
+  const QWidget* keyboard = window.focusWidget();
+  const Control* active = form.focus.ActiveControl();
+  compare.same("focus", keyboard != nullptr ? keyboard->objectName() : QString(),
+               active != nullptr ? toQt(active->Name) : QString());
+  return compare.first;
+}
+
+}  // namespace dialwright

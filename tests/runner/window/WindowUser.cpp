@@ -1,0 +1,219 @@
+#include "WindowUser.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+#include <stdexcept>
+
+#include "MirrorCheck.h"
+#include "desktop/AboutDialog.h"
+#include "desktop/GridView.h"
+#include "desktop/KeyEdit.h"
+#include "desktop/QtText.h"
+#include "desktop/SpinArrows.h"
+#include "platform/Failure.h"
+#include "shell/Program.h"
+
+namespace dialwright {
+
+namespace {
+
+QString toName(std::string_view name) { return toQt(name); }
+
+void typeCharacter(QWidget& widget, const QString& character) {
+  const char32_t code = character.toUcs4().front();
+  const auto key =
+      code < 0x80 ? static_cast<Qt::Key>(character.front().toUpper().unicode()) : Qt::Key_unknown;
+  QTest::sendKeyEvent(QTest::Click, &widget, key, character, Qt::NoModifier);
+}
+
+}  // namespace
+
+WindowUser::WindowUser(Program& theProgram)
+    : program(theProgram), form(*theProgram.main), window(theProgram) {
+  // The box is up and the next step goes on: the steps come from outside, not from an event loop.
+  window.aboutHoldsUp = false;
+  for (EditBox& box : form.txtKeyAssignment) {
+    const auto validate = box.Validate;
+    box.Validate = [this, validate](bool& Cancel) {
+      validate(Cancel);
+      if (Cancel) ++refusals;
+    };
+  }
+}
+
+void WindowUser::started() {
+  window.open();
+  window.activateWindow();
+  QCoreApplication::processEvents();
+  finished(Outcome::done);
+}
+
+Outcome WindowUser::finished(Outcome outcome) {
+  QCoreApplication::processEvents();
+  if (window.dispatch().failure()) std::rethrow_exception(window.dispatch().failure());
+  if (const std::string difference = MirrorDifference(form, window); !difference.empty())
+    throw std::logic_error("the window shows something else: " + difference);
+  if (window.dispatch().ended()) throw EndProgram{};
+  return outcome;
+}
+
+bool WindowUser::mainIsBlocked() const { return QApplication::activeModalWidget() != nullptr; }
+
+QWidget* WindowUser::find(const Control& control) const {
+  return window.findChild<QWidget*>(toQt(control.Name));
+}
+
+bool WindowUser::usable(const QWidget& widget) const {
+  return widget.isEnabled() && widget.isVisibleTo(&window);
+}
+
+Outcome WindowUser::clickOn(Control& control, QWidget& part) {
+  return clickOn(control, part, part.rect().center());
+}
+
+Outcome WindowUser::clickOn(Control& control, QWidget& part, QPoint place) {
+  if (mainIsBlocked() || !usable(part)) return Outcome::refused;
+  const int refusedBefore = refusals;
+  QTest::mousePress(&part, Qt::LeftButton, Qt::NoModifier, place);
+  const bool held = refusals != refusedBefore;
+  // What works at once may have sent the focus on; what works at the release has it now.
+  const bool atRelease = qobject_cast<QAbstractButton*>(&part) != nullptr;
+  const bool came = !atRelease || form.focus.ActiveControl() == &control;
+  QTest::mouseRelease(&part, Qt::LeftButton, Qt::NoModifier, place);
+  if (held) return finished(Outcome::held);
+  return finished(came ? Outcome::done : Outcome::refused);
+}
+
+Outcome WindowUser::click(std::string_view name) {
+  if (mainIsBlocked()) return clickInAbout(name);
+  if (auto* action = window.findChild<QAction*>(toName(name))) return pick(*action);
+  auto* button = window.findChild<QPushButton*>(toName(name));
+  Control* control = form.Find(name);
+  if (button == nullptr || control == nullptr) return Outcome::refused;
+  return clickOn(*control, *button);
+}
+
+Outcome WindowUser::pick(QAction& action) {
+  QMenuBar& bar = *window.menuBar();
+  for (QAction* heading : bar.actions()) {
+    QMenu* menu = heading->menu();
+    if (!menu->actions().contains(&action)) continue;
+    if (!heading->isVisible() || !heading->isEnabled() || !action.isVisible() ||
+        !action.isEnabled())
+      return Outcome::refused;
+    QTest::mouseClick(&bar, Qt::LeftButton, Qt::NoModifier, bar.actionGeometry(heading).center());
+    QTest::mouseMove(menu, menu->actionGeometry(&action).center());
+    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(&action).center());
+    return finished(Outcome::done);
+  }
+  return Outcome::refused;
+}
+
+Outcome WindowUser::clickInAbout(std::string_view name) {
+  AboutDialog& about = *window.aboutBox();
+  if (auto* button = about.findChild<QPushButton*>(toName(name));
+      button != nullptr && name == "cmdOK") {
+    QTest::mouseClick(button, Qt::LeftButton);
+    return finished(Outcome::done);
+  }
+  auto* language = about.findChild<QAction*>(toName(name));
+  auto* opener = about.findChild<QPushButton*>("lblChangeLanguage");
+  auto* menu = about.findChild<QMenu*>("mnuSelectLanguage");
+  if (language == nullptr || !language->isVisible() || !language->isEnabled())
+    return Outcome::refused;
+  QTest::mouseClick(opener, Qt::LeftButton);
+  QTest::mouseMove(menu, menu->actionGeometry(language).center());
+  QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(language).center());
+  return finished(Outcome::done);
+}
+
+Outcome WindowUser::set(std::string_view name, int value) {
+  auto* box = window.findChild<QCheckBox*>(toName(name));
+  Control* control = form.Find(name);
+  if (box == nullptr || control == nullptr || mainIsBlocked() || !usable(*box))
+    return Outcome::refused;
+  if (box->isChecked() == (value != 0)) return Outcome::done;
+  // The middle of a wide box is no part of it: its sign and its text are.
+  return clickOn(*control, *box, {box->sizeHint().width() / 2, box->height() / 2});
+}
+
+Outcome WindowUser::tab(int tab) {
+  auto& bar = static_cast<QTabBar&>(*find(form.SSTab1));
+  if (tab < 0 || tab >= bar.count() || !bar.isTabVisible(tab)) return Outcome::refused;
+  return clickOn(form.SSTab1, bar, bar.tabRect(tab).center());
+}
+
+Outcome WindowUser::clickPlace(int grid, int row) {
+  KeyGrid& keys = At(form.gridKeyMap, grid);
+  auto& view = static_cast<GridView&>(*find(keys));
+  const QModelIndex place = view.model()->index(row - 1, 0);
+  view.scrollTo(place);
+  return clickOn(keys, *view.viewport(), view.visualRect(place).center());
+}
+
+Outcome WindowUser::row(int grid, int row) {
+  const auto& view = static_cast<GridView&>(*find(At(form.gridKeyMap, grid)));
+  if (row < 1 || row > view.model()->rowCount()) return Outcome::refused;
+  return clickPlace(grid, row);
+}
+
+Outcome WindowUser::row(int grid, std::string_view token) {
+  const KeyGrid& keys = At(form.gridKeyMap, grid);
+  const auto rowOf = [&] {
+    for (int row = 1; row < keys.Rows(); ++row)
+      if (keys.Text(row, Column::ActionToken) == token) return row;
+    return 0;
+  };
+  if (rowOf() == 0 || form.SSTab1.Tab() != grid) return Outcome::refused;
+  const Outcome left = leave();
+  return left == Outcome::done ? clickPlace(grid, rowOf()) : left;
+}
+
+Outcome WindowUser::type(std::string_view text, bool selectAll) {
+  const int tab = form.SSTab1.Tab();
+  if (mainIsBlocked() || tab >= gridCount) return Outcome::refused;
+  EditBox& box = At(form.txtKeyAssignment, tab);
+  auto& edit = static_cast<KeyEdit&>(*find(box));
+  if (form.focus.ActiveControl() != &box) {
+    const Outcome moved = clickOn(box, edit);
+    if (moved != Outcome::done) return moved;
+  }
+  QTest::keyClick(&edit, selectAll ? Qt::Key_A : Qt::Key_End,
+                  selectAll ? Qt::ControlModifier : Qt::NoModifier);
+  if (text.empty() && selectAll) QTest::keyClick(&edit, Qt::Key_Backspace);
+  for (const char32_t character : toName(text).toStdU32String())
+    typeCharacter(edit, QString::fromUcs4(&character, 1));
+  return finished(Outcome::done);
+}
+
+Outcome WindowUser::leave() {
+  const int tab = form.SSTab1.Tab();
+  if (mainIsBlocked() || tab >= gridCount) return Outcome::refused;
+  KeyGrid& keys = At(form.gridKeyMap, tab);
+  auto& view = static_cast<GridView&>(*find(keys));
+  // The heading is the grid's as well, and no row.
+  return clickOn(keys, *view.horizontalHeader()->viewport());
+}
+
+Outcome WindowUser::spin(bool up) {
+  const int tab = form.SSTab1.Tab();
+  if (mainIsBlocked() || tab >= gridCount) return Outcome::refused;
+  SpinButton& spin = At(form.UpDownMenuOrder, tab);
+  auto& arrows = static_cast<SpinArrows&>(*find(spin));
+  return clickOn(spin, up ? arrows.upButton() : arrows.downButton());
+}
+
+Outcome WindowUser::close() {
+  if (mainIsBlocked()) return Outcome::refused;
+  window.close();
+  return finished(Outcome::done);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,66 @@
+#include "WindowTest.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <utility>
+
+#include "shell/Lifecycle.h"
+
+namespace dialwright {
+
+const std::vector<std::string> keyRefused{
+    "msgbox OK \"Key assignments can only consist of digits from 0-9 or the # and * keys\""};
+
+WindowTest::WindowTest(const std::string& server)
+    : world(printer), form(*world.program.main), user(world.program), window(user.mainWindow()) {
+  namespace fs = std::filesystem;
+  const fs::path image = fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox" / server;
+  fs::copy(image / "drive_c", world.hostPath("C:\\"),
+           fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+  for (const auto& file : fs::recursive_directory_iterator(world.hostPath("C:\\")))
+    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
+  std::ifstream registry(image / "server.reg", std::ios::binary);
+  readRegistryFile(std::string{std::istreambuf_iterator<char>(registry), {}}, world.registry);
+  Form_Load(form);
+  user.started();
+}
+
+void WindowTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QWidget* target = window.focusWidget();
+  QTest::keyClick(target != nullptr ? target : &window, key, modifiers);
+  QCoreApplication::processEvents();
+}
+
+std::string WindowTest::focused() {
+  const Control* active = form.focus.ActiveControl();
+  const QWidget* keyboard = window.focusWidget();
+  const std::string name = active != nullptr ? active->Name : "";
+  EXPECT_EQ(keyboard != nullptr ? keyboard->objectName().toStdString() : "", name);
+  return name;
+}
+
+std::vector<std::string> WindowTest::shown() { return std::exchange(printer.lines, {}); }
+
+}  // namespace dialwright
+
+namespace {
+
+void passOnMessages(QtMsgType, const QMessageLogContext&, const QString& message) {
+  if (!message.startsWith("This plugin does not support"))
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(passOnMessages);
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
