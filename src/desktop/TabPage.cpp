@@ -67,6 +67,7 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
 
   auto* columns = new QHBoxLayout;
   columns->setSpacing(16);
+  grid->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
   columns->addWidget(grid, 1);
   columns->addLayout(edits);
 

@@ -1,10 +1,10 @@
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
 #include <cstdlib>
 #include <vector>
@@ -68,7 +68,7 @@ std::string FindProgram(const std::string& program) {
   std::string_view folders = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
   while (!folders.empty()) {
     const std::string_view folder = folders.substr(0, folders.find(':'));
-    const std::string candidate = std::string(folder) + "/" + program;
+    std::string candidate = std::string(folder) + "/" + program;
     if (folder.starts_with('/') && IsProgram(candidate)) return candidate;
     folders.remove_prefix(folder.size());
     if (!folders.empty()) folders.remove_prefix(1);

@@ -24,8 +24,9 @@ std::string ReplaceFound(std::string_view text, std::size_t length, std::string_
 }
 
 std::size_t FindIgnoringCase(std::string_view text, std::string_view part, std::size_t from) {
-  const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
-  const auto found = std::search(start, text.end(), part.begin(), part.end(), SameLetter);
+  const std::string_view::const_iterator start = text.begin() + static_cast<std::ptrdiff_t>(from);
+  const std::string_view::const_iterator found =
+      std::search(start, text.end(), part.begin(), part.end(), SameLetter);
   if (found == text.end() && !part.empty()) return std::string_view::npos;
   return static_cast<std::size_t>(found - text.begin());
 }

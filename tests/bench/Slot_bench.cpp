@@ -74,9 +74,11 @@ double microseconds(const std::function<void()>& work) {
       .count();
 }
 
-double median(std::vector<double> values) {
-  std::ranges::nth_element(values, values.begin() + static_cast<long>(values.size() / 2));
-  return values[values.size() / 2];
+/// The value that stands at a share of the sorted values: 0.5 is the median.
+double quantile(std::vector<double> values, double share) {
+  const auto place = static_cast<long>(static_cast<double>(values.size() - 1) * share);
+  std::ranges::nth_element(values, values.begin() + place);
+  return values[static_cast<std::size_t>(place)];
 }
 
 void pair(benchmark::State& state, const std::function<void()>& prepare,
@@ -89,9 +91,11 @@ void pair(benchmark::State& state, const std::function<void()>& prepare,
     ratios.push_back(ourTimes.back() / plainTimes.back());
     state.SetIterationTime(ourTimes.back() * 1e-6);
   }
-  state.counters["plain_us"] = median(plainTimes);
-  state.counters["ours_us"] = median(ourTimes);
-  state.counters["ratio"] = median(ratios);
+  state.counters["plain_us"] = quantile(plainTimes, 0.5);
+  state.counters["ours_us"] = quantile(ourTimes, 0.5);
+  state.counters["ratio"] = quantile(ratios, 0.5);
+  state.counters["low"] = quantile(ratios, 0.25);
+  state.counters["high"] = quantile(ratios, 0.75);
 }
 
 /// A file that somebody has touched is read anew: a load that finds it cached would measure

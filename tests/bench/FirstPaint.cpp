@@ -1,0 +1,56 @@
+// Linked to a program with a window: ends it once its first window is painted, and prints how long
+// that took since START (in nanoseconds of the monotonic clock, from the environment), the most memory
+// that the process had by then, and the window's size.
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <string>
+
+namespace {
+
+long long now() {
+  timespec time{};
+  clock_gettime(CLOCK_MONOTONIC, &time);
+  return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+long peakKilobytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);)
+    if (line.starts_with("VmHWM:")) return std::atol(line.c_str() + 6);
+  return 0;
+}
+
+class FirstPaint : public QObject {
+ public:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    auto* widget = event->type() == QEvent::Paint ? qobject_cast<QWidget*>(object) : nullptr;
+    if (seen || widget == nullptr || !widget->isWindow()) return false;
+    seen = true;
+    // Behind the painting of all that is in the window, which is shown by then.
+    QTimer::singleShot(0, [widget] {
+      const char* start = std::getenv("START");
+      const long long began = start != nullptr ? std::atoll(start) : 0;
+      std::printf("%lld %ld %d %d\n", (now() - began) / 1000, peakKilobytes(), widget->width(),
+                  widget->height());
+      std::fflush(stdout);
+      std::_Exit(0);
+    });
+    return false;
+  }
+
+ private:
+  bool seen = false;
+};
+
+void watch() { QCoreApplication::instance()->installEventFilter(new FirstPaint); }
+
+}  // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(watch)

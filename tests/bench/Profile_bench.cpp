@@ -1,0 +1,158 @@
+// Reading and writing the keys of a script, beside a plain read and a plain copy of the same file.
+//
+// A script of a server is mostly conversation text with one section of keys in it; the worst case
+// is a file that is one section of nothing but keys, with those that are wanted at its end
+// ("dense"). Each iteration does the plain work and ours in turn, so that both see the same
+// machine; the counters give their medians in microseconds and the median of the pairs' ratios.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FileStorePosix.h"
+#include "platform/PrivateProfile.h"
+#include "platform/ScriptChecksumComponent.h"
+
+namespace dialwright {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int keys = 150;
+constexpr std::string_view path = "C:\\a.cde";
+
+std::string keyName(int number) { return "HEADER_ACTION_NUMBER_" + std::to_string(number); }
+
+std::string section() {
+  std::string text = "[MACROS]\r\n";
+  for (int i = 0; i < keys; ++i) text += keyName(i) + "= \"" + std::to_string(i % 100) + "\"\r\n";
+  return text;
+}
+
+std::string scriptText(std::size_t size, bool dense) {
+  const std::string wanted = section() + "#CRC  12\r\n";
+  std::string text = dense ? "[MACROS]\r\n" : "[CONVERSATION]\r\n";
+  for (int i = 0; text.size() + wanted.size() < size; ++i) {
+    const std::string number = std::to_string(i);
+    text += dense ? "FOOTER_OTHER_KEY_" + number + "= \"" + number + "\"\r\n"
+                  : "STEP" + number + " PLAY PROMPT THEN WAIT FOR KEY ELSE GOTO MENU\r\n";
+  }
+  return text + (dense ? wanted.substr(wanted.find('\n') + 1) : wanted);
+}
+
+class ScriptOnMemoryDisk {
+ public:
+  explicit ScriptOnMemoryDisk(const benchmark::State& state)
+      : host(fs::exists("/dev/shm") ? "/dev/shm" : fs::temp_directory_path()) {
+    host /= "dialwright-bench-" + std::to_string(getpid());
+    fs::create_directories(host / "drive_c");
+    const auto size = static_cast<std::size_t>(state.range(0)) * 1024;
+    std::ofstream(file(), std::ios::binary) << scriptText(size, state.range(1) != 0);
+  }
+  ~ScriptOnMemoryDisk() { fs::remove_all(host); }
+
+  fs::path file() const { return host / "drive_c/a.cde"; }
+  fs::path copy() const { return host / "copy"; }
+
+  fs::path host;
+};
+
+std::string readPlainly(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary | std::ios::ate);
+  std::string bytes(static_cast<std::size_t>(stream.tellg()), '\0');
+  stream.seekg(0);
+  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  return bytes;
+}
+
+double microseconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - start;
+  return took.count();
+}
+
+double median(std::vector<double> values) {
+  if (values.empty()) return 0;
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+void compare(benchmark::State& state, const std::function<void()>& plain,
+             const std::function<void()>& ours) {
+  std::vector<double> plainTimes;
+  std::vector<double> ourTimes;
+  std::vector<double> ratios;
+  for (auto _ : state) {
+    plainTimes.push_back(microseconds(plain));
+    ourTimes.push_back(microseconds(ours));
+    ratios.push_back(ourTimes.back() / plainTimes.back());
+  }
+  state.counters["plain_us"] = median(plainTimes);
+  state.counters["ours_us"] = median(ourTimes);
+  state.counters["ratio"] = median(ratios);
+}
+
+void LoadKeys(benchmark::State& state) {
+  const ScriptOnMemoryDisk script(state);
+  FileStorePosix store(script.host.string());
+  compare(
+      state, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
+      [&] {
+        PrivateProfile profile(store);
+        const ProfileBatch batch(profile, path);
+        for (int i = 0; i < keys; ++i) {
+          const std::string value =
+              profile.GetPrivateProfileStringA("MACROS", keyName(i), "", 127, path);
+          if (value != std::to_string(i % 100)) state.SkipWithError("a key was not found");
+        }
+      });
+}
+
+void SaveKeys(benchmark::State& state) {
+  const ScriptOnMemoryDisk script(state);
+  FileStorePosix store(script.host.string());
+  int round = 0;
+  compare(
+      state,
+      [&] { fs::copy_file(script.file(), script.copy(), fs::copy_options::overwrite_existing); },
+      [&] {
+        PrivateProfile profile(store);
+        const ProfileBatch batch(profile, path);
+        const std::string value = " \"" + std::to_string(++round % 1000) + "\"";
+        for (int i = 0; i < keys; ++i) {
+          if (!profile.WritePrivateProfileStringA("MACROS", keyName(i), value, path)) {
+            state.SkipWithError("a key was not written");
+          }
+        }
+      });
+}
+
+void Checksum(benchmark::State& state) {
+  const ScriptOnMemoryDisk script(state);
+  const std::string text = readPlainly(script.file());
+  compare(
+      state, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
+      [&] { benchmark::DoNotOptimize(scriptChecksum(text)); });
+}
+
+void Sizes(benchmark::internal::Benchmark* bench) {
+  bench->ArgNames({"KB", "dense"})->Unit(benchmark::kMicrosecond);
+  bench->ArgsProduct({{16, 128, 1024, 10240}, {0, 1}});
+}
+
+BENCHMARK(LoadKeys)->Apply(Sizes);
+BENCHMARK(SaveKeys)->Apply(Sizes);
+BENCHMARK(Checksum)->Apply(Sizes);
+
+}  // namespace
+}  // namespace dialwright
