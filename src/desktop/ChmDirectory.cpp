@@ -183,9 +183,14 @@ class Directory {
 
     const Bytes lzx = contents(*control);
     const std::uint64_t unit = lzx.word(8) == 2 ? blockLength : 1;
+    const std::uint64_t interval = lzx.word(12) * unit;
     const std::uint64_t window = lzx.word(16) * unit;
+    const std::uint32_t windows = lzx.word(20);
     require(lzx.has(4, "LZXC") && window >= 1U << 15 && window <= 1U << 21 &&
-            (window & (window - 1)) == 0 && lzx.word(12) != 0);
+            (window & (window - 1)) == 0);
+    // The library divides by the number of blocks between two resets.
+    require(interval >= window / 2 && interval % (window / 2) == 0 && interval <= largestFile &&
+            windows >= 1 && windows <= 1024);
 
     const Bytes table = contents(*resets);
     const std::uint32_t blocks = table.word(4);

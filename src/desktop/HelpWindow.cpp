@@ -1,6 +1,7 @@
 #include "desktop/HelpWindow.h"
 
 #include <QAction>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -27,6 +28,20 @@ constexpr int pageRole = Qt::UserRole;
 QString pageName(const QString& page) {
   const QString name = page.section('#', 0, 0).toLower();
   return name.startsWith('/') ? name : "/" + name;
+}
+
+/// What the tree needs to show all its lines whole. Before it is on the screen it does not know.
+int widestTopic(QTreeWidget& tree) {
+  int widest = 0;
+  for (QTreeWidgetItemIterator item(&tree); *item != nullptr; ++item) {
+    int depth = 1;
+    for (const QTreeWidgetItem* above = (*item)->parent(); above != nullptr;
+         above = above->parent())
+      ++depth;
+    widest = std::max(widest, depth * tree.indentation() +
+                                  tree.fontMetrics().horizontalAdvance((*item)->text(0)));
+  }
+  return widest;
 }
 
 }  // namespace
@@ -62,10 +77,14 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
   addTopics(nullptr,
             readHelpContents(helpText(archive->read(archive->contentsFile()).value_or(""))), left);
   contents->expandAll();
-  contents->resizeColumnToContents(0);
+  contents->header()->setStretchLastSection(false);
+  contents->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   const int character = fontMetrics().averageCharWidth();
-  resize(QSize(character * 130, fontMetrics().height() * 40).boundedTo(screen()->availableSize()));
-  halves->setSizes({character * 38, character * 92});
+  const int sideWidth = widestTopic(*contents) + 5 * character;  // and its scroll bar
+  const int pageWidth = character * 92;
+  resize(QSize(sideWidth + pageWidth, fontMetrics().height() * 40)
+             .boundedTo(screen()->availableSize()));
+  halves->setSizes({sideWidth, pageWidth});
 
   connect(contents, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     const QString page = item != nullptr ? item->data(0, pageRole).toString() : QString();

@@ -1,10 +1,9 @@
 // Linked to a program with a window: ends it once its first window is painted, and prints how long
-// that took since START (in nanoseconds of the monotonic clock, from the environment), the most memory
-// that the process had by then, and the window's size.
+// that took since START (in nanoseconds of the monotonic clock, from the environment), the most
+// memory that the process had by then, and the window's size.
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QTimer>
 #include <QWidget>
 #include <cstdio>
 #include <cstdlib>
@@ -31,25 +30,30 @@ class FirstPaint : public QObject {
  public:
   bool eventFilter(QObject* object, QEvent* event) override {
     auto* widget = event->type() == QEvent::Paint ? qobject_cast<QWidget*>(object) : nullptr;
-    if (seen || widget == nullptr || !widget->isWindow()) return false;
-    seen = true;
-    // Behind the painting of all that is in the window, which is shown by then.
-    QTimer::singleShot(0, [widget] {
-      const char* start = std::getenv("START");
-      const long long began = start != nullptr ? std::atoll(start) : 0;
-      std::printf("%lld %ld %d %d\n", (now() - began) / 1000, peakKilobytes(), widget->width(),
-                  widget->height());
-      std::fflush(stdout);
-      std::_Exit(0);
-    });
+    if (window != nullptr || widget == nullptr || !widget->isWindow()) return false;
+    window = widget;
+    startTimer(0);  // behind the painting of all that is in the window, which is shown by then
     return false;
   }
 
+ protected:
+  void timerEvent(QTimerEvent*) override {
+    const char* start = std::getenv("START");
+    const long long began = start != nullptr ? std::atoll(start) : 0;
+    std::printf("%lld %ld %d %d\n", (now() - began) / 1000, peakKilobytes(), window->width(),
+                window->height());
+    std::fflush(stdout);
+    std::_Exit(0);
+  }
+
  private:
-  bool seen = false;
+  const QWidget* window = nullptr;
 };
 
-void watch() { QCoreApplication::instance()->installEventFilter(new FirstPaint); }
+void watch() {
+  static FirstPaint firstPaint;
+  QCoreApplication::instance()->installEventFilter(&firstPaint);
+}
 
 }  // namespace
 

@@ -75,7 +75,7 @@ def wine(build, ours):
         print("(no Wine or no mingw-w64 here: its profile calls are not compared)")
         return
     program = build / "ProfileCalls.exe"
-    subprocess.run([compiler, "-O2", "-std=c++20", "-static", ROOT / "tests/bench/ProfileCalls.cpp", "-o", program],
+    subprocess.run([compiler, "-O2", "-std=c++20", "-static", ROOT / "tests/bench/ProfileCalls-win32.cpp", "-o", program],
                    check=True)
     times = []
     with tempfile.TemporaryDirectory() as folder:

@@ -31,18 +31,19 @@ void FaultyFiles::arm(std::optional<Fault> fault, std::size_t at) {
   armed = fault;
   failing = at;
   counting = true;
-  done.clear();
+  operations.clear();
 }
 
-bool FaultyFiles::next(Operation kind, std::string_view path) {
+bool FaultyFiles::fails(Operation kind, std::string_view path) {
   if (!counting) return false;
-  done.push_back({kind, LowerCase(path), componentAtWork});
-  return armed && (done.size() == failing + 1 || (armed->lasting && done.size() > failing));
+  operations.push_back({kind, LowerCase(path), componentAtWork});
+  return armed &&
+         (operations.size() == failing + 1 || (armed->lasting && operations.size() > failing));
 }
 
 void FaultyFiles::act(Operation kind, std::string_view path, const std::function<void()>& whole,
                       const std::function<void()>& half) {
-  if (!next(kind, path)) {
+  if (!fails(kind, path)) {
     whole();
     return;
   }
@@ -52,12 +53,11 @@ void FaultyFiles::act(Operation kind, std::string_view path, const std::function
 }
 
 FileStore::Kind FaultyFiles::kind(std::string_view path) {
-  const bool fails = next(Operation::kind, path);
-  return fails && armed->hides ? Kind::none : files.kind(path);
+  return fails(Operation::kind, path) && armed->hides ? Kind::none : files.kind(path);
 }
 
 std::optional<FileStamp> FaultyFiles::stamp(std::string_view path) {
-  if (next(Operation::stamp, path) && armed->hides) return {};
+  if (fails(Operation::stamp, path) && armed->hides) return {};
   return files.stamp(path);
 }
 

@@ -14,11 +14,8 @@ namespace dialwright {
 
 /// How an operation fails.
 struct Fault {
-  enum class Reach {
-    nothing,  ///< nothing is done
-    half,     ///< of what is written only the first half arrives
-    all,      ///< the operation is done, and then it fails
-  };
+  /// What is done before it fails: nothing, all of it, or of what is written the first half.
+  enum class Reach { nothing, half, all };
   std::string_view name;
   Failure failure;
   Reach reach;
@@ -36,7 +33,7 @@ struct FileOperation {
   bool isQuestion() const { return kind == Kind::kind || kind == Kind::stamp; }
 };
 
-/// Files of which one operation fails. Counts and remembers the operations since it was armed.
+/// Files of which one operation fails. Remembers the operations since it was armed.
 class FaultyFiles : public FileStore {
  public:
   explicit FaultyFiles(FileStore& realFiles) : files(realFiles) {}
@@ -44,7 +41,6 @@ class FaultyFiles : public FileStore {
   /// From here on operations count; number `at` (from 0) fails. Without a fault they only count.
   void arm(std::optional<Fault> fault = {}, std::size_t at = 0);
   void disarm() { counting = false; }
-  const std::vector<FileOperation>& operations() const { return done; }
 
   Kind kind(std::string_view path) override;
   std::optional<FileStamp> stamp(std::string_view path) override;
@@ -56,11 +52,12 @@ class FaultyFiles : public FileStore {
   void remove(std::string_view path, bool force) override;
   void createFolder(std::string_view path) override;
 
+  std::vector<FileOperation> operations;
   bool componentAtWork = false;
 
  private:
   class Output;
-  bool next(FileOperation::Kind kind, std::string_view path);
+  bool fails(FileOperation::Kind kind, std::string_view path);
   /// Runs an operation, or as much of it as the fault lets through.
   void act(FileOperation::Kind kind, std::string_view path, const std::function<void()>& whole,
            const std::function<void()>& half = {});
@@ -69,7 +66,6 @@ class FaultyFiles : public FileStore {
   bool counting = false;
   std::optional<Fault> armed;
   std::size_t failing = 0;
-  std::vector<FileOperation> done;
 };
 
 }  // namespace dialwright

@@ -2,12 +2,15 @@
 // keeps of them, and what it does not touch.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <set>
+#include <map>
 
-#include "RealServer.h"
-#include "platform/FileStorePosix.h"
+#include "Desk.h"
+#include "ScriptText.h"
+#include "Server.h"
 #include "text/Ansi.h"
 #include "text/Text.h"
 
@@ -18,46 +21,18 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 using namespace std::string_view_literals;
 
-/// A profile as its reader sees it, made by going through it line by line.
-struct Profile {
-  Lines others;  ///< all lines that a save of the menu does not write
-  std::map<std::string, std::string> keys;  ///< the first of each that it does write
-};
-
-Profile taken(std::string_view bytes, const std::set<std::string>& written) {
-  Profile profile;
-  bool inside = false;
-  while (!bytes.empty()) {
-    const std::size_t end = bytes.find('\n');
-    std::string line(bytes.substr(0, end));
-    bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-    if (line.ends_with('\r')) line.pop_back();
-    const std::string_view text = Trim(line);
-    if (text.starts_with('[')) inside = StartsWithIgnoringCase(text, "[MACROS]");
-    const std::size_t equals = text.find('=');
-    const std::string key(Trim(text.substr(0, equals)));
-    if (inside && equals != std::string_view::npos && written.contains(key))
-      profile.keys.emplace(key, text.substr(equals + 1));
-    else if (!text.starts_with("#CRC"))
-      profile.others.push_back(line);
-  }
-  return profile;
-}
-
-/// The keys that a save of the main menu writes with their values.
-std::map<std::string, std::string> wantedKeys(const frmMain& form) {
+/// What a save of the main menu and the globals writes, by section.
+std::map<std::string, std::string> wantedKeys(const frmMain& form, int index) {
   std::map<std::string, std::string> keys;
-  for (const int index : {0, 5}) {
-    const KeyGrid& grid = At(form.gridKeyMap, index);
-    for (int row = 1; row < grid.Rows(); ++row) {
-      const std::string token = grid.Text(row, Column::ActionToken);
-      keys[token] = " \"" + grid.Text(row, Column::KeyAssignment) + "\"";
-      if (index == 0) keys["ORDINAL_" + token] = " " + grid.Text(row, Column::Order);
-    }
+  const KeyGrid& grid = At(form.gridKeyMap, index);
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const std::string token = grid.Text(row, Column::ActionToken);
+    keys[token] = " \"" + grid.Text(row, Column::KeyAssignment) + "\"";
+    if (index == 0) keys["ORDINAL_" + token] = " " + grid.Text(row, Column::Order);
   }
-  for (const char* name :
-       {"MENU_INACTIVE_KEYS", "MENU_SHORTCUT_IGNORE_KEYS", "MENU_EXTENDED_DOUBLE_TT_KEYS"})
-    keys[name] = " \"\"";
+  if (index == 0)
+    for (const char* name : {"INACTIVE_KEYS", "SHORTCUT_IGNORE_KEYS", "EXTENDED_DOUBLE_TT_KEYS"})
+      keys[std::string("MENU_") + name] = " \"\"";
   return keys;
 }
 
@@ -78,6 +53,7 @@ struct Case {
 };
 
 std::string bytesOf(const std::string& path) {
+  if (!fs::is_regular_file(path)) return {};
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -91,9 +67,8 @@ void change(const std::string& path, std::string_view from, std::string_view to)
 }
 
 bool saidSo(const Lines& said, std::string_view part) {
-  return std::ranges::any_of(said, [part](const std::string& line) {
-    return line.find(part) != std::string::npos;
-  });
+  return std::ranges::any_of(
+      said, [part](const std::string& line) { return line.find(part) != std::string::npos; });
 }
 
 struct stat statusOf(const std::string& path) {
@@ -104,8 +79,7 @@ struct stat statusOf(const std::string& path) {
 
 template <unsigned mode>
 Case permissions(std::string_view name) {
-  return {name, false, Outcome::saved,
-          [](const std::string& path) { ::chmod(path.c_str(), mode); },
+  return {name, false, Outcome::saved, [](const std::string& path) { ::chmod(path.c_str(), mode); },
           [](const std::string& path, const Lines&) {
             return (statusOf(path).st_mode & 07777) == mode;
           }};
@@ -125,7 +99,8 @@ const Case cases[] = {
        put(path + ".new", ReplaceAll(bytesOf(path), "FirstDigit=6000", "FirstDigit=1"));
        fs::rename(path + ".new", path);
      }},
-    {"goneBetweenLoadAndSave", false, Outcome::missing, [](const std::string& path) { fs::remove(path); },
+    {"goneBetweenLoadAndSave", false, Outcome::missing,
+     [](const std::string& path) { fs::remove(path); },
      [](const std::string&, const Lines& said) {
        return saidSo(said, "Error 53 (File not found) in procedure BackupScriptFiles") &&
               saidSo(said, updated);
@@ -178,8 +153,8 @@ const Case cases[] = {
      [](const std::string& path) { put(path, "[OTHER]\r\nx=1\r\n[macros]\r\nMENU_NEW = 7"); }},
     {"zeroBytes", true, Outcome::saved,
      [](const std::string& path) {
-       change(path, "[TIMES]", std::string_view("a\0b=\0\r\n\0\0\r\n[TIMES]", 19));
-       change(path, "MAIN_TIMEOUT=4000", std::string_view("MAIN\0TIMEOUT=40\0", 16));
+       change(path, "[TIMES]", "a\0b=\0\r\n\0\0\r\n[TIMES]"sv);
+       change(path, "MAIN_TIMEOUT=4000", "MAIN\0TIMEOUT=40\0"sv);
      }},
     {"mixedLineEnds", true, Outcome::saved,
      [](const std::string& path) {
@@ -193,58 +168,63 @@ const Case cases[] = {
     {"largeAsADisk", true, Outcome::saved,
      [](const std::string& path) {
        std::string text = "[CONVERSATION]\r\n" + std::string(4 << 20, 'x') + "\r\n";
-       while (text.size() < large) text += text.substr(0, std::min(text.size(), large - text.size()));
+       while (text.size() < large)
+         text += text.substr(0, std::min(text.size(), large - text.size()));
        text = ReplaceAll(text, "[CONVERSATION]", "NOTHING");
        put(path, text + "\r\n" + bytesOf(path));
      }},
 };
 
-class OthersOnTheFile : public testing::TestWithParam<Case> {};
+class OthersOnTheFile : public testing::TestWithParam<Case> {
+ protected:
+  /// Who owns the machine may write everywhere, and would see none of this.
+  void becomeOrdinary() {
+    server.giveToOrdinaryUser();
+    if (owner && (setegid(ordinaryUser) != 0 || seteuid(ordinaryUser) != 0)) FAIL();
+  }
+  void TearDown() override {
+    if (owner && (seteuid(0) != 0 || setegid(0) != 0)) FAIL();
+  }
+
+  void expectSaved(const std::string& before, const std::string& found) {
+    const ScriptText old(before);
+    const ScriptText now(found);
+    Lines others = old.others;
+    if (std::ranges::none_of(others, [](const std::string& line) {
+          return StartsWithIgnoringCase(line, "[MACROS]");
+        }))
+      others.emplace_back("[MACROS]");
+    EXPECT_TRUE(now.others == others) << "lines that are not ours have changed";
+    EXPECT_EQ(now.keys[0], wantedKeys(desk.form(), 0));
+    EXPECT_EQ(now.keys[5], wantedKeys(desk.form(), 5));
+    EXPECT_TRUE(ChecksumFits(found));
+    const auto feeds = static_cast<std::size_t>(std::ranges::count(found, '\n'));
+    EXPECT_EQ(found.size() - ReplaceAll(found, "\r\n", "\n").size(), feeds) << "other line ends";
+    EXPECT_TRUE(server.disk.read(Server::backup(slotScripts[0])) == found);
+  }
+
+  const bool owner = geteuid() == 0;
+  Server server;
+  Desk desk{server.disk};
+};
 
 TEST_P(OthersOnTheFile, IsKept) {
   const Case& c = GetParam();
-  RealServer server;
-  const std::string path = server.script(0);
-  server.giveToOrdinaryUser();
-  const bool owner = geteuid() == 0;
-  if (owner) {  // who owns the machine may write everywhere, and would see none of this
-    ASSERT_EQ(setegid(ordinaryUser), 0);
-    ASSERT_EQ(seteuid(ordinaryUser), 0);
-  }
+  const std::string path = server.disk.HostPath(Server::script(slotScripts[0]));
+  becomeOrdinary();
   if (c.beforeStart) c.meddle(path);
-  server.desk.start();
-  server.desk.edit();
+  desk.start();
+  desk.edit();
   if (!c.beforeStart) c.meddle(path);
-  const bool there = fs::is_regular_file(path);
-  const std::string before = there ? bytesOf(path) : "";
-  server.desk.printer.lines.clear();
-  server.desk.save();
-  const std::string found = fs::is_regular_file(path) ? bytesOf(path) : "";
-  EXPECT_TRUE(c.holds == nullptr || c.holds(path, server.desk.printer.lines))
-      << testing::PrintToString(server.desk.printer.lines);
-  if (owner) {
-    ASSERT_EQ(seteuid(0), 0);
-    ASSERT_EQ(setegid(0), 0);
-  }
-
+  const std::string before = bytesOf(path);
+  desk.printer.lines.clear();
+  desk.save();
+  const std::string found = bytesOf(path);
+  EXPECT_TRUE(c.holds == nullptr || c.holds(path, desk.printer.lines))
+      << testing::PrintToString(desk.printer.lines);
   EXPECT_EQ(fs::is_regular_file(path), c.outcome != Outcome::missing);
   EXPECT_TRUE(found == before || c.outcome != Outcome::untouched);
-  if (c.outcome != Outcome::saved) return;
-  const auto wanted = wantedKeys(server.desk.form());
-  std::set<std::string> written;
-  for (const auto& [key, value] : wanted) written.insert(key);
-  const Profile now = taken(found, written);
-  Lines others = taken(before, written).others;
-  if (std::ranges::none_of(others, [](const std::string& line) {
-        return StartsWithIgnoringCase(line, "[MACROS]");
-      }))
-    others.emplace_back("[MACROS]");
-  EXPECT_TRUE(now.others == others) << "lines that are not ours have changed";
-  EXPECT_EQ(now.keys, wanted);
-  EXPECT_TRUE(ChecksumFits(found));
-  const auto feeds = static_cast<std::size_t>(std::ranges::count(found, '\n'));
-  EXPECT_EQ(found.size() - ReplaceAll(found, "\r\n", "\n").size(), feeds) << "other line ends";
-  EXPECT_TRUE(bytesOf(server.backup(0)) == found);
+  if (c.outcome == Outcome::saved) expectSaved(before, found);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, OthersOnTheFile, testing::ValuesIn(cases),

@@ -13,6 +13,8 @@
 #include <csignal>
 #include <utility>
 
+#include "Server.h"
+
 namespace dialwright {
 
 #if defined(__x86_64__)
@@ -23,14 +25,13 @@ namespace {
 constexpr unsigned long mark = SYS_getppid;
 
 constexpr std::array<unsigned long, 9> withoutFiles{
-    SYS_mmap,    SYS_munmap, SYS_mprotect,      SYS_brk, SYS_madvise,
+    SYS_mmap,   SYS_munmap, SYS_mprotect,      SYS_brk,           SYS_madvise,
     SYS_mremap, SYS_futex,  SYS_clock_gettime, SYS_rt_sigprocmask};
 
 [[noreturn]] void beChild(const std::function<std::string()>& work, int said, bool ordinary) {
   if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(3);
   raise(SIGSTOP);
-  if (ordinary && geteuid() == 0 &&
-      (setegid(ordinaryUser) != 0 || seteuid(ordinaryUser) != 0))
+  if (ordinary && geteuid() == 0 && (setegid(ordinaryUser) != 0 || seteuid(ordinaryUser) != 0))
     _exit(4);
   syscall(mark);
   const std::string text = work();

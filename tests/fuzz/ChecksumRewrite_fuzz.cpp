@@ -6,7 +6,8 @@
 #include <string>
 
 #include "Desk.h"
-#include "MemoryDisk.h"
+#include "ScriptText.h"
+#include "Server.h"
 #include "scripts/Checksum.h"
 #include "text/Ansi.h"
 
@@ -46,18 +47,17 @@ void need(bool holds) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace dialwright;
-  static MemoryDisk disk;
-  static Desk desk(disk);
+  static Server server;
+  static Desk desk(server.disk);
   const std::string bytes(reinterpret_cast<const char*>(data), size);
-  disk.put(path, bytes);
+  server.folder.write("drive_c/a.cdh", bytes);
   const std::int32_t checksum = lngGetFileChecksum(desk.program, path);
   const std::string text = strChecksumText(checksum);
   UpdateChecksumForFile(desk.program, text, path);
 
   const bool wide = bytes.starts_with(utf16Mark);
-  const std::string ansi =
-      wide ? Utf8ToAnsi(Utf16ToUtf8(bytes.substr(utf16Mark.size()))) : bytes;
-  const std::string found = disk.read(path);
+  const std::string ansi = wide ? Utf8ToAnsi(Utf16ToUtf8(bytes.substr(utf16Mark.size()))) : bytes;
+  const std::string found = server.disk.read(path);
   need(found == rewritten(ansi, text));
   need(desk.printer.lines.empty());
   // A text whose first characters look like the mark is another text from then on.
@@ -65,6 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   need(scriptChecksum(found) == checksum);
   need(ChecksumFits(found));
   UpdateChecksumForFile(desk.program, text, path);
-  need(disk.read(path) == found);
+  need(server.disk.read(path) == found);
   return 0;
 }

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "Desk.h"
-#include "MemoryDisk.h"
+#include "Server.h"
 #include "documents/HTMLKeyMap.h"
 #include "text/Ansi.h"
 #include "text/Text.h"
@@ -50,8 +50,8 @@ std::optional<std::string> replaced(const std::string& text, std::string_view pa
 /// The first two lines of the input are token and keys, what follows is the page.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace dialwright;
-  static MemoryDisk disk;
-  static Desk desk(disk);
+  static Server server;
+  static Desk desk(server.disk);
   std::string input(reinterpret_cast<const char*>(data), size);
   const auto line = [&input] {
     const std::size_t end = input.find('\n');
@@ -61,15 +61,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   };
   const std::string token = line();
   const std::string keys = line();
-  disk.put(page, input);
+  server.folder.write("drive_c/Dialwright/Conversation Key Mappings.HTM", input);
   FillPlaceholder(desk.form(), token, keys);
 
-  std::string text = input.starts_with(utf16Mark)
-                         ? Utf16ToUtf8(input.substr(utf16Mark.size()))
-                         : AnsiToUtf8(input);
+  std::string text = input.starts_with(utf16Mark) ? Utf16ToUtf8(input.substr(utf16Mark.size()))
+                                                  : AnsiToUtf8(input);
   text = replaced(text, "%CONV_NAME%", "Dialwright", false).value_or(text);
   const auto filled = replaced(text, "%" + std::string(Trim(token)) + "%", keys, true);
   const std::string wanted = filled ? std::string(utf16Mark) + Utf8ToUtf16(*filled) : input;
-  if (disk.read(page) != wanted || !desk.printer.lines.empty()) std::abort();
+  if (server.disk.read(page) != wanted || !desk.printer.lines.empty()) std::abort();
   return 0;
 }

@@ -5,10 +5,10 @@
 #include <set>
 #include <vector>
 
+#include "ScriptText.h"
 #include "keymap/Catalogue.h"
 #include "runner/HeadlessUser.h"
 #include "runner/Player.h"
-#include "scripts/Checksum.h"
 #include "scripts/SetupOptions.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
@@ -50,48 +50,56 @@ constexpr Refusal refusals[] = {
     {"Duplicate key map for the global commands: ", 5},
 };
 
-/// How the keys of the sections begin, in the same order; setup comes last.
-constexpr std::string_view starts[][2] = {{"MENU_", "MENU_"},       {"HEADER_", "HEADER_"},
-                                          {"BODY_", "BODY_"},       {"FOOTER_", "FOOTER_"},
-                                          {"MSGMENU_", "RECEIPT_"}, {"GLOBAL_", "GLOBAL_"}};
-constexpr std::size_t setupSection = std::size(starts);
-constexpr std::size_t noSection = setupSection + 1;
+constexpr std::size_t noSection = ScriptText::sections;
 
-std::size_t sectionOf(std::string_view key) {
-  if (key.starts_with("ORDINAL_")) key.remove_prefix(8);
-  for (const SetupOption& option : SetupOptions())
-    if (key == option.key) return setupSection;
-  for (std::size_t i = 0; i < std::size(starts); ++i)
-    if (key.starts_with(starts[i][0]) || key.starts_with(starts[i][1])) return i;
-  return noSection;
+/// The lists that a save derives from the keys of one grid, by their plain definition, by name
+/// behind the prefix.
+std::map<std::string, std::string> plainLists(const KeyGrid& grid, int index) {
+  constexpr std::string_view inPlace[] = {"_SLOWDOWN", "_SPEEDUP", "_PAUSE", "_VOLUME"};
+  std::string inactive;
+  std::string doubles;
+  std::string extended;
+  std::string ending = "ABCD";
+  std::set<char> active;
+  const auto list = [](std::string& keys, const std::string& key) {
+    keys.append(keys.empty() ? "" : ",").append(key);
+  };
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const std::string& key = grid.Text(row, Column::KeyAssignment);
+    const std::string& token = grid.Text(row, Column::ActionToken);
+    if (key.empty()) continue;
+    active.insert(key[0]);
+    if (key.size() == 2) list(extended, key);
+    if (key.size() == 2 && key[0] == key[1]) list(doubles, key.substr(1));
+    const bool stays = std::ranges::any_of(
+        inPlace, [&](std::string_view part) { return token.find(part) != std::string::npos; });
+    if (key.size() <= 2 && !stays && ending.find(key[0]) == std::string::npos)
+      ending.insert(0, 1, key[0]);
+  }
+  for (const char key : std::string_view("1234567890*#"))
+    if (!active.contains(key)) inactive += key;
+  if (index == 0)
+    return {{"INACTIVE_KEYS", inactive},
+            {"SHORTCUT_IGNORE_KEYS", inactive + "ABCD"},
+            {"EXTENDED_DOUBLE_TT_KEYS", extended}};
+  if (index == 4)
+    return {{"DOUBLE_KEYS", doubles},
+            {"EXTENDED_DOUBLE_KEYS", extended},
+            {"INACTIVE_KEYS", inactive},
+            {"SHORTCUT_IGNORE_KEYS", "ABCD"}};
+  return {{"DOUBLE_KEYS", doubles},
+          {"EXTENDED_DOUBLE_KEYS", extended},
+          {"IGNORE_KEYS", ""},
+          {"INVALID_KEYS", ""},
+          {"TERMINATE_PLAYBACK_KEYS", ending + inactive}};
 }
 
-/// A script as whoever goes through it line by line sees it.
-struct Script {
-  Lines others;                                           ///< all that no save may change
-  std::map<std::string, std::string> keys[noSection];     ///< of each section
-};
-
-Script taken(std::string_view bytes) {
-  Script script;
-  bool inside = false;
-  while (!bytes.empty()) {
-    const std::size_t end = std::min(bytes.find('\n'), bytes.size());
-    std::string line(bytes.substr(0, end));
-    bytes.remove_prefix(std::min(end + 1, bytes.size()));
-    if (line.ends_with('\r')) line.pop_back();
-    if (line.starts_with('[')) inside = line == "[MACROS]";
-    const std::size_t equals = line.find('=');
-    const std::string key(Trim(std::string_view(line).substr(0, equals)));
-    const std::size_t section = inside && equals != std::string::npos ? sectionOf(key) : noSection;
-    if (section != noSection)
-      script.keys[section].emplace(key, Trim(std::string_view(line).substr(equals + 1)));
-    else if (!IsChecksumLine(line))
-      script.others.push_back(line);
-  }
-  // A save adds lines behind the last one of a section: blank lines may come to stand elsewhere.
-  std::erase(script.others, "");
-  return script;
+bool isKnown(int grid, const std::string& token) {
+  if (grid == 0) return FindAction(MainMenuActions(), token) != nullptr;
+  if (grid == 4) return FindAction(AfterMessageActions(), token) != nullptr;
+  if (grid == 5) return FindAction(GlobalActions(), token) != nullptr;
+  return FindAction(PlaybackActions(), token, keyPrefixes.at(static_cast<std::size_t>(grid))) !=
+         nullptr;
 }
 
 class Walk {
@@ -179,7 +187,8 @@ class Walk {
         break;
       case 11: {
         const SetupOption& option = SetupOptions()[next(SetupOptions().size())];
-        const CheckBox* boxes[] = {&(form.*option.box), &form.chkGenerateHelp, &form.chkGeneratePDF};
+        const CheckBox* boxes[] = {&(form.*option.box), &form.chkGenerateHelp,
+                                   &form.chkGeneratePDF};
         play("set " + boxes[next(std::size(boxes))]->Name + " " + number(2));
         break;
       }
@@ -190,7 +199,7 @@ class Walk {
         constexpr const char* others[] = {"mnuSelectDialwright", "mnuSelectDialwright2",
                                           "mnuSelectDialwright3", "mnuRestoreScripts"};
         const std::string name = others[next(std::size(others))];
-        if (name != "mnuRestoreScripts" || refusedSection == noSection) ask("click " + name);
+        ask("click " + name);
         break;
       }
       default:
@@ -207,101 +216,59 @@ class Walk {
     const Lines printed = play("click cmdSave");
     if (form.cmdSave.Enabled) return;  // the edit box has kept the focus
     const auto after = scripts();
-    refusedSection = noSection;
+    std::size_t refused = noSection;
     for (const std::string& line : printed)
       for (const Refusal& refusal : refusals)
-        if (line.starts_with("msgbox OK \"" + std::string(refusal.text)))
-          refusedSection = refusal.section;
+        if (line.starts_with("msgbox OK \"" + std::string(refusal.text))) refused = refusal.section;
     for (const auto& [path, script] : after) {
       if (script.others != first[path]) fail("changed outside the keys: " + path);
-      for (std::size_t i = refusedSection; i < noSection; ++i)
-        if (script.keys[i] != before.at(path).keys[i]) fail("a refused section is written");
+      for (std::size_t i = refused; i < noSection; ++i)
+        if (script.keys.at(i) != before.at(path).keys.at(i)) fail("a refused section is written");
     }
-    if (refusedSection != noSection) return;
-    if (std::ranges::none_of(printed, [](const auto& l) { return l.starts_with("component"); })) {
+    if (refused != noSection) return;
+    if (std::ranges::none_of(printed, [](const auto& l) { return l.starts_with("component"); }))
       fail("neither refused nor saved");
-      return;
-    }
-    checkLists(after);
+    for (const int i : {0, 1, 2, 3, 4})
+      checkLists(i,
+                 after.at(nameOf(i == 0 ? form.strMainMenuScript : form.strMessagePlaybackScript)));
   }
 
-  std::map<std::string, Script> scripts() {
-    std::map<std::string, Script> found;
+  /// With several slots the lists are blanked.
+  void checkLists(int grid, const ScriptText& script) {
+    const auto section = static_cast<std::size_t>(grid);
+    for (const auto& [name, value] : plainLists(At(form.gridKeyMap, grid), grid)) {
+      std::string key = std::string(keyPrefixes.at(section)) + name;
+      const auto found = script.keys.at(section).find(key);
+      const std::string wanted = "\"" + (form.bSingleKeyMap != 0 ? value : "") + "\"";
+      if (found == script.keys.at(section).end() || Trim(found->second) != wanted)
+        fail(key.append(" is not ").append(wanted));
+    }
+  }
+
+  std::map<std::string, ScriptText> scripts() {
+    std::map<std::string, ScriptText> found;
     const std::string folder = world.program.server.strGetScriptPath();
     for (const std::string& name : world.disk.fileNames(folder))
-      found[name] = taken(world.disk.read(folder + name));
+      found.emplace(name, ScriptText(world.disk.read(folder + name)));
     return found;
   }
 
   void checkGrids() {
     for (int i = 0; i < gridCount; ++i) {
       const KeyGrid& grid = At(form.gridKeyMap, i);
+      const auto failHere = [this, i](std::string what, const std::string& text) {
+        fail(what.append(text).append(" in grid ").append(std::to_string(i)));
+      };
       std::set<std::string> tokens;
-      int number = 10;
       bool voiced = true;
       for (int row = 1; row < grid.Rows(); ++row) {
         const std::string& token = grid.Text(row, Column::ActionToken);
-        if (!tokens.insert(token).second) fail("twice in grid " + std::to_string(i) + ": " + token);
-        if (!isKnown(i, token)) fail("no token of grid " + std::to_string(i) + ": " + token);
+        if (!tokens.insert(token).second) failHere("twice: ", token);
+        if (!isKnown(i, token)) failHere("no token: ", token);
         if (i >= 1 && i <= 3) continue;
         const std::string& order = grid.Text(row, Column::Order);
         voiced = voiced && order != "99999";
-        if (order != (voiced ? std::to_string(number) : "99999"))
-          fail("order " + order + " in row " + std::to_string(row) + " of " + std::to_string(i));
-        number += 10;
-      }
-    }
-  }
-
-  static bool isKnown(int grid, const std::string& token) {
-    if (grid == 0) return FindAction(MainMenuActions(), token) != nullptr;
-    if (grid == 4) return FindAction(AfterMessageActions(), token) != nullptr;
-    if (grid == 5) return FindAction(GlobalActions(), token) != nullptr;
-    return FindAction(PlaybackActions(), token, starts[grid][0]) != nullptr;
-  }
-
-  /// The lists of a saved file against what the keys in the same file make of them.
-  void checkLists(const std::map<std::string, Script>& saved) {
-    const bool single = form.bSingleKeyMap != 0;
-    const Script& menu = saved.at(nameOf(form.strMainMenuScript));
-    const Script& playback = saved.at(nameOf(form.strMessagePlaybackScript));
-    for (const int i : {0, 1, 2, 3, 4}) {
-      const auto section = static_cast<std::size_t>(i);
-      const KeyGrid& grid = At(form.gridKeyMap, i);
-      std::string inactive, doubles, extended, terminate;
-      std::set<char> active, ending;
-      for (int row = 1; row < grid.Rows(); ++row) {
-        const std::string& key = grid.Text(row, Column::KeyAssignment);
-        const std::string& token = grid.Text(row, Column::ActionToken);
-        if (key.empty()) continue;
-        active.insert(key[0]);
-        if (key.size() == 2) extended += (extended.empty() ? "" : ",") + key;
-        if (key.size() == 2 && key[0] == key[1]) doubles += (doubles.empty() ? "" : ",") + key.substr(1);
-        const bool inPlace = std::ranges::any_of(
-            std::initializer_list<std::string_view>{"_SLOWDOWN", "_SPEEDUP", "_PAUSE", "_VOLUME"},
-            [&](std::string_view part) { return token.find(part) != std::string::npos; });
-        if (key.size() <= 2 && !inPlace && ending.insert(key[0]).second) terminate = key[0] + terminate;
-      }
-      for (const char key : std::string_view("1234567890*#"))
-        if (!active.contains(key)) inactive += key;
-      const std::string prefix(starts[i][0]);
-      std::map<std::string, std::string> wanted;
-      if (i == 0)
-        wanted = {{"INACTIVE_KEYS", inactive},
-                  {"SHORTCUT_IGNORE_KEYS", inactive + "ABCD"},
-                  {"EXTENDED_DOUBLE_TT_KEYS", extended}};
-      else
-        wanted = {{"DOUBLE_KEYS", doubles}, {"EXTENDED_DOUBLE_KEYS", extended}};
-      if (i == 4) wanted.insert({{"INACTIVE_KEYS", inactive}, {"SHORTCUT_IGNORE_KEYS", "ABCD"}});
-      if (i >= 1 && i <= 3)
-        wanted.insert({{"TERMINATE_PLAYBACK_KEYS", terminate + "ABCD" + inactive},
-                       {"IGNORE_KEYS", ""},
-                       {"INVALID_KEYS", ""}});
-      const auto& keys = (i == 0 ? menu : playback).keys[section];
-      for (const auto& [name, value] : wanted) {
-        const auto found = keys.find(prefix + name);
-        if (found == keys.end() || found->second != "\"" + (single ? value : "") + "\"")
-          fail(prefix + name + " is not \"" + value + "\"");
+        if (order != (voiced ? std::to_string(row * 10) : "99999")) failHere("order ", order);
       }
     }
   }
@@ -314,7 +281,6 @@ class Walk {
   frmMain& form;
   Lines steps;
   std::map<std::string, Lines> first;
-  std::size_t refusedSection = noSection;
   std::string wrong;
 };
 

@@ -1,7 +1,7 @@
-#include "RandomWalk.h"
-
 #include <cstdio>
 #include <cstdlib>
+
+#include "RandomWalk.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string wrong = dialwright::WalkAtRandom({data, size});
