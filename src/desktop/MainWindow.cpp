@@ -52,7 +52,7 @@ MainWindow::MainWindow(Program& theProgram)
 
 MainWindow::~MainWindow() {
   // The form outlives its window. Tabs that go away one by one are no choice of a tab.
-  tabs->tabBar()->disconnect();
+  disconnect(tabs->tabBar(), &QTabBar::currentChanged, nullptr, nullptr);
   delete takeCentralWidget();
   for (Control* control : form.Controls) control->changed = nullptr;
   form.focus.changed = nullptr;

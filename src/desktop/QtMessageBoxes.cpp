@@ -10,7 +10,8 @@ namespace dialwright {
 MsgBoxAnswer QtMessageBoxes::MsgBox(std::string_view text, MsgBoxButtons buttons,
                                     std::string_view boxTitle) {
   QWidget* owner = QApplication::activeModalWidget();
-  QMessageBox box(owner != nullptr ? owner : window);
+  if (owner == nullptr && window != nullptr && window->isVisible()) owner = window;
+  QMessageBox box(owner);
   const bool question = buttons == MsgBoxButtons::YesNo;
   box.setObjectName("msgbox");
   box.setWindowTitle(boxTitle.empty() ? title : toQt(boxTitle));

@@ -1,27 +1,17 @@
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QIcon>
 #include <QMessageBox>
 #include <exception>
 #include <string>
 
-#include "desktop/HelpViewerQt.h"
+#include "desktop/HostServices.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtMessageBoxes.h"
 #include "desktop/QtText.h"
 #include "desktop/Texts.h"
-#include "platform/ClockPosix.h"
-#include "platform/Failure.h"
-#include "platform/FileLanguages.h"
-#include "platform/FileStorePosix.h"
-#include "platform/LocaleTable.h"
-#include "platform/ProcessesPosix.h"
-#include "platform/RegistryFile.h"
-#include "platform/ScriptChecksumComponent.h"
 #include "shell/Lifecycle.h"
-#include "shell/Program.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
 
@@ -36,31 +26,12 @@ std::string systemPath(const QString& hostFolder) {
   return ReplaceAll(fromQt(hostFolder), "/", "\\");
 }
 
-/// The server's registry, out of the file beside the program. Without one there is no server.
-void fillRegistry(FileStore& files, const std::string& programFolder, MemoryRegistry& registry) {
-  const std::string path = programFolder + "\\server.reg";
-  if (files.kind(path) != FileStore::Kind::file) return;
-  try {
-    readRegistryFile(files.read(path), registry);
-  } catch (const RuntimeFailure&) {
-    // A registry that cannot be read answers nothing, and the system says so.
-  }
-}
-
 /// Runs the program to its end. Throws what has ended it, if it was not the user.
 void runProgram() {
-  const QString hostFolder = QCoreApplication::applicationDirPath();
-  const std::string folder = systemPath(hostFolder);
-  FileStorePosix files(fromQt(hostFolder));
-  MemoryRegistry registry;
-  fillRegistry(files, folder, registry);
-  ClockPosix clock;
-  ProcessesPosix processes([&files](std::string_view path) { return files.HostPath(path); });
+  const std::string folder = systemPath(QCoreApplication::applicationDirPath());
+  const auto host = MakeHostServices(folder);
   QtMessageBoxes messages(programTitle);
-  CrcChecksumFactory checksums(files);
-  FileLanguages languages(files, userLanguageFromEnvironment());
-  HelpViewerQt help(files);
-  Program program({files, registry, clock, processes, messages, checksums, languages, help}, folder,
+  Program program(host->services(messages), folder,
                   fromQt(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName()));
 
   MainWindow window(program);

@@ -22,6 +22,14 @@ bool IsReadOnly(DWORD attributes) {
   return IsFile(attributes) && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
+// Before the system is asked: where a file lies elsewhere than on its own drives, it may let the owner
+// of the machine write.
+void RefuseReadOnly(const std::wstring& path) {
+  if (IsReadOnly(GetFileAttributesW(path.c_str()))) {
+    throw RuntimeFailure(Failure::permissionDenied);
+  }
+}
+
 // Opening a folder as a file is refused like a file without rights; it is no file at all.
 HandleWin32 OpenFile(const std::wstring& path, DWORD access, DWORD disposition) {
   HandleWin32 file = HandleWin32::Open(path, access, disposition);
@@ -48,9 +56,8 @@ std::wstring TargetOf(const std::wstring& path) {
 
 void ReplaceExisting(const std::wstring& path, std::string_view bytes) {
   const std::wstring target = TargetOf(path);
-  const DWORD attributes = GetFileAttributesW(target.c_str());
-  if (IsFolder(attributes)) throw RuntimeFailure(Failure::pathFileAccess);
-  if (IsReadOnly(attributes)) throw RuntimeFailure(Failure::permissionDenied);
+  if (IsFolder(GetFileAttributesW(target.c_str()))) throw RuntimeFailure(Failure::pathFileAccess);
+  RefuseReadOnly(target);
   ReplaceWithBytes(target, bytes);
 }
 
@@ -135,7 +142,9 @@ std::unique_ptr<OutputFile> FileStoreWin32::open(std::string_view path, Opening 
                                                  bool create) {
   // Emptied once it is open, which leaves the attributes as they are; a new file has none yet.
   const bool appending = opening == Opening::append;
-  HandleWin32 file = OpenFile(WidePath(path), appending ? FILE_APPEND_DATA : GENERIC_WRITE,
+  const std::wstring wide = WidePath(path);
+  RefuseReadOnly(wide);
+  HandleWin32 file = OpenFile(wide, appending ? FILE_APPEND_DATA : GENERIC_WRITE,
                               create ? OPEN_ALWAYS : OPEN_EXISTING);
   if (!appending) file.Empty();
   return std::make_unique<OutputFileWin32>(std::move(file));
@@ -162,8 +171,8 @@ void FileStoreWin32::remove(std::string_view path, bool force) {
   const DWORD attributes = GetFileAttributesW(wide.c_str());
   if (!IsThere(attributes)) ThrowLastError();
   if (IsFolder(attributes)) throw RuntimeFailure(Failure::fileNotFound);
+  if (!force) RefuseReadOnly(wide);
   if (IsReadOnly(attributes)) {
-    if (!force) throw RuntimeFailure(Failure::permissionDenied);
     SetFileAttributesW(wide.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
   }
   if (!DeleteFileW(wide.c_str())) ThrowLastError();

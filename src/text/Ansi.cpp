@@ -79,7 +79,7 @@ void AppendUnit(std::string& out, char32_t unit) {
 
 }  // namespace
 
-std::string AnsiToUtf8(std::string_view ansi) {
+std::string Windows1252ToUtf8(std::string_view ansi) {
   std::string result;
   result.reserve(ansi.size());
   for (std::size_t at = 0; at < ansi.size();) {
@@ -93,7 +93,7 @@ std::string AnsiToUtf8(std::string_view ansi) {
   return result;
 }
 
-std::string Utf8ToAnsi(std::string_view utf8) {
+std::string Utf8ToWindows1252(std::string_view utf8) {
   std::string result;
   result.reserve(utf8.size());
   for (std::size_t at = 0; at < utf8.size();) {

@@ -5,11 +5,15 @@
 
 namespace dialwright {
 
-/// The ANSI code page is Windows-1252, one byte a character, lossless both ways also for the five
-/// bytes that it does not define (they are the control characters of the same number).
+/// The ANSI code page: the system's own on Windows, Windows-1252 elsewhere. What the code page cannot
+/// hold, and what is not UTF-8, becomes '?'.
 std::string AnsiToUtf8(std::string_view ansi);
-/// What the code page cannot hold, and what is not UTF-8, becomes '?'.
 std::string Utf8ToAnsi(std::string_view utf8);
+
+/// Windows-1252, one byte a character, lossless both ways also for the five bytes that it does not
+/// define (they are the control characters of the same number).
+std::string Windows1252ToUtf8(std::string_view ansi);
+std::string Utf8ToWindows1252(std::string_view utf8);
 
 /// UTF-16 in little-endian bytes, without a mark. Halves of pairs that stand alone, and what is not
 /// UTF-8, become U+FFFD; an odd last byte is dropped.

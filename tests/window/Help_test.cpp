@@ -51,20 +51,39 @@ TEST(ChmArchive, ADamagedFileIsNoneOrIsReadAsFarAsItGoes) {
   for (std::size_t length = 0; length < whole.size(); length += 37)
     readThrough(whole.substr(0, length));
   std::mt19937 random(7);
-  for (int round = 0; round < 2000; ++round) {
+  for (unsigned round = 0; round < 2000; ++round) {
     std::string damaged = whole;
-    for (unsigned change = 0; change < 1 + round % 8U; ++change)
+    for (unsigned change = 0; change < 1 + round % 8; ++change)
       damaged[random() % damaged.size()] = static_cast<char>(random());
     readThrough(damaged);
   }
 }
 
-TEST(ChmArchive, ADirectoryThatLeadsInACircleIsNone) {
-  std::string bytes = smallHelp();
-  const std::size_t page = bytes.find("PMGL");
-  ASSERT_NE(page, std::string::npos);
-  bytes.replace(page + 0x10, 4, std::string(4, '\0'));  // behind the first page comes the first
-  EXPECT_EQ(ChmArchive::open(bytes), nullptr);
+TEST(ChmArchive, WhatTheLibraryWouldStumbleOverIsNone) {
+  struct Row {
+    const char* what;
+    const char* mark;
+    std::size_t offset;
+    std::string bytes;
+  };
+  const std::string zero(4, '\0');
+  const std::string huge(4, '\x7f');
+  const Row rows[] = {
+      {"the first page of the directory comes again", "PMGL", 0x10, zero},
+      {"more free space than a page has", "PMGL", 4, huge},
+      {"pages without length", "ITSP", 0x10, zero},
+      {"no window", "LZXC", 12, zero},
+      {"no blocks between resets", "LZXC", 16, zero},
+      {"no interval between resets", "LZXC", 8, zero},
+      {"a directory outside the file", "ITSF", 0x48, huge},
+  };
+  for (const Row& row : rows) {
+    std::string bytes = smallHelp();
+    const std::size_t place = bytes.find(row.mark);
+    ASSERT_NE(place, std::string::npos) << row.what;
+    bytes.replace(place + row.offset, row.bytes.size(), row.bytes);
+    EXPECT_EQ(ChmArchive::open(bytes), nullptr) << row.what;
+  }
 }
 
 std::string outline(const std::vector<HelpTopic>& topics) {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "shell/Program.h"
+
+namespace dialwright {
+
+/// What the editor's window stands on outside the program, of the operating system that it runs on.
+class HostServices {
+ public:
+  virtual ~HostServices() = default;
+  /// All services, with the window's message boxes.
+  virtual Services services(MessageBoxes& messages) = 0;
+};
+
+/// The services of this operating system for a program folder (a path of the system's own).
+std::unique_ptr<HostServices> MakeHostServices(const std::string& programFolder);
+
+}  // namespace dialwright

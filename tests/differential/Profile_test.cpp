@@ -1,0 +1,211 @@
+// The private profile against the system's own calls of the same names.
+
+#include "platform/PrivateProfile.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "MemoryFileStore.h"
+#include "Rounds.h"
+#include "TempFolder.h"
+#include "platform/Win32Text.h"
+#include "text/Ansi.h"
+
+namespace dialwright {
+namespace {
+
+using namespace std::string_literals;
+
+/// Files that both look at: ours in memory, theirs on the disk.
+class ProfileTest : public testing::Test {
+ protected:
+  TempFolder folder;
+  MemoryFileStore store;
+  PrivateProfile profile{store};
+  int files = 0;
+
+  // Never the same name twice: the system remembers files, and trusts their times.
+  std::string make(std::string_view bytes) {
+    const std::string name = "f" + std::to_string(++files) + ".cdh";
+    folder.write(name, bytes);
+    const std::string path = (folder / name).make_preferred().string();
+    store.put(path, bytes);
+    return path;
+  }
+  void remove(const std::string& path) {
+    store.remove(path, true);
+    DeleteFileW(WidePath(path).c_str());
+  }
+
+  std::string ours(std::string_view section, std::string_view key, std::size_t size,
+                   const std::string& path) {
+    return Utf8ToAnsi(profile.GetPrivateProfileStringA(AnsiToUtf8(section), AnsiToUtf8(key),
+                                                       "(default)", size, path));
+  }
+  static std::string theirs(const std::string& section, const std::string& key, std::size_t size,
+                            const std::string& path) {
+    std::string buffer(size + 1, '\0');
+    const DWORD count =
+        GetPrivateProfileStringA(section.c_str(), key.c_str(), "(default)", buffer.data(),
+                                 static_cast<DWORD>(size), path.c_str());
+    return buffer.substr(0, count);
+  }
+  static void writeTheirs(const std::string& section, const std::string& key,
+                          const std::string& value, const std::string& path) {
+    WritePrivateProfileStringA(section.c_str(), key.c_str(), value.c_str(), path.c_str());
+    // Now the file is written and forgotten.
+    WritePrivateProfileStringA(nullptr, nullptr, nullptr, path.c_str());
+  }
+};
+
+const std::string sections[] = {"MACROS", "macros", "OTHER", "A B", "\xE4"};
+const std::string keys[] = {"K", "k", "KK", "MENU_NEW", "A B", "\xE4", "\xC4", ";K", "#CRC"};
+const std::size_t sizes[] = {127, 2, 3, 10};
+
+// The system drops the closing mark of a quoted value only after it has cut the value, and so drops
+// the last character of one that just fits.
+std::string CutLikeTheirs(const std::string& ours, std::size_t size) {
+  return ours.size() + 1 == size ? ours.substr(0, ours.size() - 1) : ours;
+}
+
+/// A file of the lines that such files have, and of all that can go wrong in them. What the two
+/// are known to take differently does not occur; see KnownDifferences.
+std::string GenerateFile(Dice& dice) {
+  const std::string headings[] = {"[MACROS]", "[macros]", "[OTHER]", "[A B]", "[\xE4]",
+                                  " [MACROS] ", "\t[OTHER]"};
+  const std::string oddLines[] = {"",     ";",        "; K=1",    "#CRC 12",  "  #crc  -5", "=",
+                                  "=1",   "BARE",     "[MACROS",  "MACROS]",    "K=[X]",
+                                  "//x",  "x[MACROS]", "\xEF\xBB", "\xFF",    "\x01\x02=\x03"};
+  const std::string blanks[] = {"", "", "", " ", "\t", "  ", " \t "};
+  const std::string lineEnds[] = {"\r\n", "\r\n", "\r\n", "\n", "\r", "\r\r\n", "\n\n"};
+  constexpr std::string_view alphabet = "01239*#,ABC\"'= \t;[\\/%\x01\x7F\x80\x81\x9D\xA0\xE4\xFF";
+  const std::string usualEnd = dice.oneOf(lineEnds);
+  std::string file;
+  const std::size_t lines = dice.below(16);
+  for (std::size_t i = 0; i < lines; ++i) {
+    std::string line;
+    if (dice.oneIn(5)) {
+      line = dice.oneOf(headings);
+    } else if (dice.oneIn(6)) {
+      line = dice.oneOf(oddLines);
+    } else {
+      const std::string quotes[] = {"\"", "'", "", "", "\"\""};
+      const std::string mark = dice.oneOf(quotes);
+      const std::size_t longest = dice.oneIn(10) ? 300 : 8;
+      line = dice.oneOf(blanks) + dice.oneOf(keys) + dice.oneOf(blanks) + "=" +
+             dice.oneOf(blanks) + mark + dice.text(alphabet, longest) +
+             (dice.oneIn(5) ? dice.oneOf(quotes) : mark) + dice.oneOf(blanks);
+    }
+    file += line + (dice.oneIn(4) ? dice.oneOf(lineEnds) : usualEnd);
+  }
+  if (dice.oneIn(3) && !file.empty()) file.pop_back();
+  return file;
+}
+
+TEST_F(ProfileTest, Reading) {
+  Dice dice(1);
+  int reads = 0;
+  const int rounds = Rounds(3000);
+  for (int round = 0; round < rounds; ++round) {
+    const std::string bytes = GenerateFile(dice);
+    const std::string path = make(bytes);
+    for (int i = 0; i < 6; ++i, ++reads) {
+      const std::string section = dice.oneOf(sections);
+      const std::string key = dice.oneOf(keys);
+      const std::size_t size = dice.oneOf(sizes);
+      const std::string our = ours(section, key, size, path);
+      const std::string their = theirs(section, key, size, path);
+      if (our != their && their == CutLikeTheirs(our, size)) continue;
+      ASSERT_EQ(Visible(our), Visible(their))
+          << "[" << Visible(section) << "] " << Visible(key) << ", size " << size << ", in "
+          << Visible(bytes);
+    }
+    remove(path);
+  }
+  std::printf("%d values of %d files\n", reads, rounds);
+}
+
+// The system writes the whole file anew in a form of its own, so the bytes cannot be the same. What
+// both read in both is.
+TEST_F(ProfileTest, Writing) {
+  Dice dice(2);
+  int reads = 0;
+  const int rounds = Rounds(400);
+  const std::string values[] = {"1", " \"1\"", "\"\"", " 12", "99999", " \"*#,1\"", "a=b;c", ""};
+  for (int round = 0; round < rounds; ++round) {
+    const std::string bytes = GenerateFile(dice);
+    const std::string our = make(bytes);
+    const std::string their = make(bytes);
+    std::string story = Visible(bytes);
+    std::string section;
+    std::string key;
+    for (std::size_t writes = 1 + dice.below(4); writes > 0; --writes) {
+      section = dice.oneOf(sections);
+      key = dice.oneOf(keys);
+      const std::string value = dice.oneOf(values);
+      EXPECT_TRUE(profile.WritePrivateProfileStringA(AnsiToUtf8(section), AnsiToUtf8(key),
+                                                     AnsiToUtf8(value), our));
+      writeTheirs(section, key, value, their);
+      story += " | [" + Visible(section) + "] " + Visible(key) + " := " + Visible(value);
+    }
+    const std::string ourCopy = make(store.bytes(our));
+    // The key that was written last, and some that may have been moved.
+    for (int i = 0; i < 4; ++i, reads += 2) {
+      const std::string expected = Visible(ours(section, key, 127, our));
+      ASSERT_EQ(expected, Visible(theirs(section, key, 127, ourCopy))) << key << " of " << story;
+      ASSERT_EQ(expected, Visible(theirs(section, key, 127, their))) << key << " of " << story;
+      section = dice.oneOf(sections);
+      key = dice.oneOf(keys);
+    }
+    remove(our);
+    remove(their);
+    remove(ourCopy);
+  }
+  std::printf("%d values of %d files\n", reads, 2 * rounds);
+}
+
+struct KnownDifference {
+  const char* why;
+  std::string file;
+  std::string section;
+  std::string key;
+  std::size_t size;
+  std::string ours;
+  std::string theirs;
+};
+
+const std::string longText(126, 'x');
+
+const KnownDifference knownDifferences[] = {
+    {"a value may be as long as the buffer holds, with its marks or without",
+     "[MACROS]\r\nK=\"" + longText + "\"\r\n", "MACROS", "K", 127, longText,
+     longText.substr(1)},
+    {"a line without an equals sign is no key", "[MACROS]\r\nK\r\nK=1\r\n", "MACROS", "K", 127,
+     "1", "(default)"},
+    {"a heading ends at its first bracket", "[MACROS] [X]\r\nK=1\r\n", "MACROS", "K", 127, "1",
+     "(default)"},
+    {"only blanks and tabs are white: vertical tab", "[MACROS]\r\nK=\v1\r\n", "MACROS", "K", 127,
+     "\v1", "1"},
+    {"form feed", "[MACROS]\r\nK=1\f\r\n", "MACROS", "K", 127, "1\f", "1"},
+    {"the old mark of a file's end", "[MACROS]\r\nK=1\x1A\r\n", "MACROS", "K", 127, "1\x1A",
+     "1"},
+    {"a zero is a character like any other", "[MACROS]\r\nK=1\0002\r\n"s, "MACROS", "K", 127,
+     "1\0002"s, "1"},
+    {"a file is ANSI whatever mark it begins with", "\xEF\xBB\xBF[MACROS]\r\nK=\xC3\xA4\r\n",
+     "MACROS", "K", 127, "(default)", "\xE4"},
+    {"a file in UTF-16 has no keys", "\xFF\xFE[\0A\0]\0\r\0\n\0K\0=\0001\0"s, "A", "K", 127,
+     "(default)", "1"},
+};
+
+TEST_F(ProfileTest, KnownDifferences) {
+  for (const KnownDifference& known : knownDifferences) {
+    const std::string path = make(known.file);
+    EXPECT_EQ(Visible(ours(known.section, known.key, known.size, path)), Visible(known.ours))
+        << known.why;
+    EXPECT_EQ(Visible(theirs(known.section, known.key, known.size, path)), Visible(known.theirs))
+        << known.why;
+  }
+}
+
+}  // namespace
+}  // namespace dialwright

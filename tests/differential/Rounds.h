@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace dialwright {
+
+/// How many cases a test generates: the short form's number, times what DIALWRIGHT_ROUNDS says.
+inline int Rounds(int shortForm) {
+  const char* factor = std::getenv("DIALWRIGHT_ROUNDS");
+  return factor == nullptr ? shortForm : shortForm * std::atoi(factor);
+}
+
+/// Choices that are the same in every run of the same length.
+class Dice {
+ public:
+  explicit Dice(unsigned seed) : engine(seed) {}
+
+  std::size_t below(std::size_t end) {
+    return std::uniform_int_distribution<std::size_t>(0, end - 1)(engine);
+  }
+  bool oneIn(std::size_t n) { return below(n) == 0; }
+  template <typename List>
+  const auto& oneOf(const List& list) {
+    return list[below(std::size(list))];
+  }
+  /// Up to `longest` characters of the alphabet.
+  std::string text(std::string_view alphabet, std::size_t longest) {
+    std::string result(below(longest + 1), ' ');
+    for (char& c : result) c = alphabet[below(alphabet.size())];
+    return result;
+  }
+
+ private:
+  std::mt19937 engine;
+};
+
+/// A text as a reader of a report can see it.
+inline std::string Visible(std::string_view bytes) {
+  std::string result;
+  for (const char c : bytes) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= ' ' && byte < 0x7F && c != '\\') {
+      result += c;
+    } else {
+      result += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
+    }
+  }
+  return result;
+}
+
+}  // namespace dialwright
