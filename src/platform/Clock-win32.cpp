@@ -10,18 +10,18 @@ namespace {
 bool Fits(int part) { return part >= 0 && part <= std::numeric_limits<WORD>::max(); }
 
 SystemTime OurTime(const SYSTEMTIME& time) {
-  return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond,
-          time.wMilliseconds};
+  return {time.wYear,   time.wMonth,  time.wDay,         time.wHour,
+          time.wMinute, time.wSecond, time.wMilliseconds};
 }
 
 std::optional<SYSTEMTIME> ItsTime(const SystemTime& time) {
-  for (const int part : {time.year, time.month, time.day, time.hour, time.minute, time.second,
-                         time.milliseconds}) {
+  for (const int part :
+       {time.year, time.month, time.day, time.hour, time.minute, time.second, time.milliseconds}) {
     if (!Fits(part)) return std::nullopt;
   }
   const auto word = [](int part) { return static_cast<WORD>(part); };
-  return SYSTEMTIME{word(time.year),   word(time.month),  0,
-                    word(time.day),    word(time.hour),   word(time.minute),
+  return SYSTEMTIME{word(time.year),   word(time.month),       0,
+                    word(time.day),    word(time.hour),        word(time.minute),
                     word(time.second), word(time.milliseconds)};
 }
 

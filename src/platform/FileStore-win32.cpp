@@ -22,8 +22,8 @@ bool IsReadOnly(DWORD attributes) {
   return IsFile(attributes) && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-// Before the system is asked: where a file lies elsewhere than on its own drives, it may let the owner
-// of the machine write.
+// Before the system is asked: where a file lies elsewhere than on its own drives, it may let the
+// owner of the machine write.
 void RefuseReadOnly(const std::wstring& path) {
   if (IsReadOnly(GetFileAttributesW(path.c_str()))) {
     throw RuntimeFailure(Failure::permissionDenied);

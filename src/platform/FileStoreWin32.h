@@ -12,12 +12,12 @@ namespace dialwright {
 /// Every file is opened so that other programs may hold it open, and may open it, for whatever they
 /// like. One that another program keeps to itself fails with 70, and has no stamp.
 ///
-/// A file with the read-only attribute is not written, replaced, or copied over, and removed only by
-/// force.
+/// A file with the read-only attribute is not written, replaced, or copied over, and removed only
+/// by force.
 ///
 /// `replace`: new bytes go to a temporary sibling of the same attributes, named streams, owner and
-/// access list, which is flushed and moved over the file (over the target of a symbolic link) in one
-/// step. Where such a sibling cannot be made or moved - the folder may not be written, the file
+/// access list, which is flushed and moved over the file (over the target of a symbolic link) in
+/// one step. Where such a sibling cannot be made or moved - the folder may not be written, the file
 /// belongs to somebody else, or a program that holds it open does not let it be renamed - the file
 /// is written in place, and the old bytes are put back if that fails half-way.
 class FileStoreWin32 : public FileStore {

@@ -22,7 +22,8 @@ class HandleWin32 {
 
   /// Opens a file that others may hold open, and may open, for reading, writing and renaming; an
   /// invalid one, with the last error set, if that fails. Not inherited by children.
-  static HandleWin32 Open(const std::wstring& path, unsigned long access, unsigned long disposition);
+  static HandleWin32 Open(const std::wstring& path, unsigned long access,
+                          unsigned long disposition);
 
   explicit operator bool() const { return handle != invalid; }
   void* get() const { return handle; }

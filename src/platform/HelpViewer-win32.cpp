@@ -13,14 +13,14 @@ HWND Window(WindowHandle window) { return reinterpret_cast<HWND>(window); }
 
 }  // namespace
 
-WindowHandle HelpViewerWin32::HtmlHelpA(WindowHandle owner, std::string_view path,
-                                        unsigned command, std::uintptr_t data) {
+WindowHandle HelpViewerWin32::HtmlHelpA(WindowHandle owner, std::string_view path, unsigned command,
+                                        std::uintptr_t data) {
   if (viewer == nullptr) {
     // Never unloaded: the window and its thread live in it.
     const HMODULE library = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (library == nullptr) throw RuntimeFailure(Failure::fileNotFound);
-    viewer = reinterpret_cast<Call>(
-        reinterpret_cast<void (*)()>(GetProcAddress(library, "HtmlHelpA")));
+    viewer =
+        reinterpret_cast<Call>(reinterpret_cast<void (*)()>(GetProcAddress(library, "HtmlHelpA")));
     if (viewer == nullptr) throw RuntimeFailure(Failure::fileNotFound);
   }
   return reinterpret_cast<WindowHandle>(

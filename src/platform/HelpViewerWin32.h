@@ -4,8 +4,8 @@
 
 namespace dialwright {
 
-/// The help viewer of Windows. It is loaded when it is first asked for: a machine without it has the
-/// editor all the same.
+/// The help viewer of Windows. It is loaded when it is first asked for: a machine without it has
+/// the editor all the same.
 class HelpViewerWin32 : public HelpViewer {
  public:
   /// Fails with 53 on a machine without the viewer.

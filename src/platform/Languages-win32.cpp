@@ -33,8 +33,8 @@ std::string LanguagesWin32::LoadStringW(LibraryHandle library, int number, int s
   if (library == 0 || number < 0 || number > 0xFFFF || size <= 0) return {};
   // With a size of 0 the call gives the text where it stands, whatever its length.
   const wchar_t* text = nullptr;
-  const int length = ::LoadStringW(Module(library), static_cast<UINT>(number),
-                                   reinterpret_cast<LPWSTR>(&text), 0);
+  const int length =
+      ::LoadStringW(Module(library), static_cast<UINT>(number), reinterpret_cast<LPWSTR>(&text), 0);
   if (length <= 0) return {};
   const std::string whole = NarrowText({text, static_cast<std::size_t>(length)});
   return std::string(FirstCharacters(whole, static_cast<std::size_t>(size)));

@@ -21,8 +21,8 @@ long RegistryWin32::RegOpenKeyExA(RegistryKey root, std::string_view path, unsig
   HKEY key = nullptr;
   long result = ::RegOpenKeyExA(KeyHandle(root), name.c_str(), options, access, &key);
   if (result == registryNotFound) {
-    result = ::RegOpenKeyExA(KeyHandle(root), name.c_str(), options, access | KEY_WOW64_32KEY,
-                             &key);
+    result =
+        ::RegOpenKeyExA(KeyHandle(root), name.c_str(), options, access | KEY_WOW64_32KEY, &key);
   }
   if (result == registrySuccess) opened = static_cast<RegistryKey>(std::uintptr_t(key));
   return result;

@@ -71,8 +71,8 @@ struct Security {
     PSECURITY_DESCRIPTOR read = nullptr;
     const DWORD error = GetNamedSecurityInfoW(
         name.data(), SE_FILE_OBJECT,
-        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION,
-        &owner, &group, &access, nullptr, &read);
+        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &owner,
+        &group, &access, nullptr, &read);
     descriptor.reset(read);
     if (error != ERROR_SUCCESS) throw RuntimeFailure(FailureOfWin32(error));
     SECURITY_DESCRIPTOR_CONTROL control = 0;

@@ -27,8 +27,7 @@ std::string Utf8ToCodePage(unsigned codePage, std::string_view utf8) {
   const auto* wide = reinterpret_cast<const wchar_t*>(utf16.data());
   const int length = static_cast<int>(utf16.size() / 2);
   const DWORD flags = FlagsFor(codePage);
-  const int size =
-      WideCharToMultiByte(codePage, flags, wide, length, nullptr, 0, nullptr, nullptr);
+  const int size = WideCharToMultiByte(codePage, flags, wide, length, nullptr, 0, nullptr, nullptr);
   std::string bytes(static_cast<std::size_t>(size), '\0');
   WideCharToMultiByte(codePage, flags, wide, length, bytes.data(), size, nullptr, nullptr);
   return bytes;

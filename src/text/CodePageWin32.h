@@ -5,7 +5,8 @@
 
 namespace dialwright {
 
-/// Conversions by the system's table of a code page. What it cannot hold becomes its own sign for that.
+/// Conversions by the system's table of a code page. What it cannot hold becomes its own sign for
+/// that.
 std::string CodePageToUtf8(unsigned codePage, std::string_view bytes);
 std::string Utf8ToCodePage(unsigned codePage, std::string_view utf8);
 

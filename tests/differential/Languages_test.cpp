@@ -40,8 +40,8 @@ const std::map<std::int32_t, std::string> newerNames = {
     {11273, "English (Trinidad & Tobago)"},
 };
 
-// The libraries for Hong Kong have always been called ZHT, which is not the system's code for it: there
-// the choice of that library takes hold of none.
+// The libraries for Hong Kong have always been called ZHT, which is not the system's code for it:
+// there the choice of that library takes hold of none.
 const std::map<std::int32_t, std::string> otherCodes = {{3076, "ZHH"}};
 
 std::string Expected(const std::map<std::int32_t, std::string>& others, std::int32_t language,
@@ -74,9 +74,12 @@ TEST(LanguagesTest, IdsOfCodes) {
 
 TEST(LanguagesTest, LibrariesThatTheTestsMake) {
   const TempFolder folder;
-  const test::StringTable strings = {
-      {0, u"first"}, {15, u"end of block"}, {16, u"next block"}, {1024, u"\u65E5\u672C"},
-      {1237, std::u16string(2000, u'x')}, {65535, u"last\r\n"}};
+  const test::StringTable strings = {{0, u"first"},
+                                     {15, u"end of block"},
+                                     {16, u"next block"},
+                                     {1024, u"\u65E5\u672C"},
+                                     {1237, std::u16string(2000, u'x')},
+                                     {65535, u"last\r\n"}};
   for (const test::PeFormat format : {test::PeFormat::pe32, test::PeFormat::pe32Plus}) {
     for (const std::uint16_t language : std::initializer_list<std::uint16_t>{0, 1031, 1041}) {
       const std::string bytes = test::MakeStringLibrary(strings, format, language);

@@ -1,13 +1,12 @@
 // The private profile against the system's own calls of the same names.
 
-#include "platform/PrivateProfile.h"
-
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include "MemoryFileStore.h"
 #include "Rounds.h"
 #include "TempFolder.h"
+#include "platform/PrivateProfile.h"
 #include "platform/Win32Text.h"
 #include "text/Ansi.h"
 
@@ -71,11 +70,11 @@ std::string CutLikeTheirs(const std::string& ours, std::size_t size) {
 /// A file of the lines that such files have, and of all that can go wrong in them. What the two
 /// are known to take differently does not occur; see KnownDifferences.
 std::string GenerateFile(Dice& dice) {
-  const std::string headings[] = {"[MACROS]", "[macros]", "[OTHER]", "[A B]", "[\xE4]",
-                                  " [MACROS] ", "\t[OTHER]"};
-  const std::string oddLines[] = {"",     ";",        "; K=1",    "#CRC 12",  "  #crc  -5", "=",
-                                  "=1",   "BARE",     "[MACROS",  "MACROS]",    "K=[X]",
-                                  "//x",  "x[MACROS]", "\xEF\xBB", "\xFF",    "\x01\x02=\x03"};
+  const std::string headings[] = {"[MACROS]", "[macros]",   "[OTHER]",  "[A B]",
+                                  "[\xE4]",   " [MACROS] ", "\t[OTHER]"};
+  const std::string oddLines[] = {
+      "",        ";",       "; K=1", "#CRC 12", "  #crc  -5", "=",        "=1",   "BARE",
+      "[MACROS", "MACROS]", "K=[X]", "//x",     "x[MACROS]",  "\xEF\xBB", "\xFF", "\x01\x02=\x03"};
   const std::string blanks[] = {"", "", "", " ", "\t", "  ", " \t "};
   const std::string lineEnds[] = {"\r\n", "\r\n", "\r\n", "\n", "\r", "\r\r\n", "\n\n"};
   constexpr std::string_view alphabet = "01239*#,ABC\"'= \t;[\\/%\x01\x7F\x80\x81\x9D\xA0\xE4\xFF";
@@ -92,9 +91,9 @@ std::string GenerateFile(Dice& dice) {
       const std::string quotes[] = {"\"", "'", "", "", "\"\""};
       const std::string mark = dice.oneOf(quotes);
       const std::size_t longest = dice.oneIn(10) ? 300 : 8;
-      line = dice.oneOf(blanks) + dice.oneOf(keys) + dice.oneOf(blanks) + "=" +
-             dice.oneOf(blanks) + mark + dice.text(alphabet, longest) +
-             (dice.oneIn(5) ? dice.oneOf(quotes) : mark) + dice.oneOf(blanks);
+      line = dice.oneOf(blanks) + dice.oneOf(keys) + dice.oneOf(blanks) + "=" + dice.oneOf(blanks) +
+             mark + dice.text(alphabet, longest) + (dice.oneIn(5) ? dice.oneOf(quotes) : mark) +
+             dice.oneOf(blanks);
     }
     file += line + (dice.oneIn(4) ? dice.oneOf(lineEnds) : usualEnd);
   }
@@ -116,9 +115,8 @@ TEST_F(ProfileTest, Reading) {
       const std::string our = ours(section, key, size, path);
       const std::string their = theirs(section, key, size, path);
       if (our != their && their == CutLikeTheirs(our, size)) continue;
-      ASSERT_EQ(Visible(our), Visible(their))
-          << "[" << Visible(section) << "] " << Visible(key) << ", size " << size << ", in "
-          << Visible(bytes);
+      ASSERT_EQ(Visible(our), Visible(their)) << "[" << Visible(section) << "] " << Visible(key)
+                                              << ", size " << size << ", in " << Visible(bytes);
     }
     remove(path);
   }
@@ -178,17 +176,15 @@ const std::string longText(126, 'x');
 
 const KnownDifference knownDifferences[] = {
     {"a value may be as long as the buffer holds, with its marks or without",
-     "[MACROS]\r\nK=\"" + longText + "\"\r\n", "MACROS", "K", 127, longText,
-     longText.substr(1)},
-    {"a line without an equals sign is no key", "[MACROS]\r\nK\r\nK=1\r\n", "MACROS", "K", 127,
-     "1", "(default)"},
+     "[MACROS]\r\nK=\"" + longText + "\"\r\n", "MACROS", "K", 127, longText, longText.substr(1)},
+    {"a line without an equals sign is no key", "[MACROS]\r\nK\r\nK=1\r\n", "MACROS", "K", 127, "1",
+     "(default)"},
     {"a heading ends at its first bracket", "[MACROS] [X]\r\nK=1\r\n", "MACROS", "K", 127, "1",
      "(default)"},
     {"only blanks and tabs are white: vertical tab", "[MACROS]\r\nK=\v1\r\n", "MACROS", "K", 127,
      "\v1", "1"},
     {"form feed", "[MACROS]\r\nK=1\f\r\n", "MACROS", "K", 127, "1\f", "1"},
-    {"the old mark of a file's end", "[MACROS]\r\nK=1\x1A\r\n", "MACROS", "K", 127, "1\x1A",
-     "1"},
+    {"the old mark of a file's end", "[MACROS]\r\nK=1\x1A\r\n", "MACROS", "K", 127, "1\x1A", "1"},
     {"a zero is a character like any other", "[MACROS]\r\nK=1\0002\r\n"s, "MACROS", "K", 127,
      "1\0002"s, "1"},
     {"a file is ANSI whatever mark it begins with", "\xEF\xBB\xBF[MACROS]\r\nK=\xC3\xA4\r\n",

@@ -36,10 +36,10 @@ class RegistryFileTest : public testing::Test {
     ASSERT_EQ(RegCreateKeyExA(key, below.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &opened,
                               nullptr),
               ERROR_SUCCESS);
-    EXPECT_EQ(RegSetValueExW(opened, name.c_str(), 0, type,
-                             reinterpret_cast<const BYTE*>(bytes.data()),
-                             static_cast<DWORD>(bytes.size())),
-              ERROR_SUCCESS);
+    EXPECT_EQ(
+        RegSetValueExW(opened, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                       static_cast<DWORD>(bytes.size())),
+        ERROR_SUCCESS);
     RegCloseKey(opened);
   }
 
@@ -71,8 +71,8 @@ class RegistryFileTest : public testing::Test {
   Answer ask(Registry& registry, const std::string& below, std::string_view name) const {
     RegistryKey opened = RegistryKey::none;
     Answer answer;
-    answer.result = registry.RegOpenKeyExA(RegistryKey::localMachine, path + below, 0, 131097,
-                                           opened);
+    answer.result =
+        registry.RegOpenKeyExA(RegistryKey::localMachine, path + below, 0, 131097, opened);
     if (answer.result != registrySuccess) return answer;
     std::vector<std::byte> buffer(4096);
     std::uint32_t size = 0;
@@ -112,8 +112,8 @@ std::vector<Value> Values(Dice& dice) {
     value.name = i % 20 == 0 ? "" : "v" + std::to_string(i) + dice.text(characters, 12);
     const std::string text = dice.text(characters, dice.oneIn(5) ? 400 : 30) + dice.oneOf(beyond);
     const std::string wide = WideBytes(text);
-    const DWORD types[] = {REG_SZ, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD, REG_MULTI_SZ,
-                           REG_NONE, REG_QWORD, REG_DWORD_BIG_ENDIAN, 0x12345};
+    const DWORD types[] = {REG_SZ,       REG_SZ,   REG_EXPAND_SZ, REG_BINARY,           REG_DWORD,
+                           REG_MULTI_SZ, REG_NONE, REG_QWORD,     REG_DWORD_BIG_ENDIAN, 0x12345};
     value.type = dice.oneOf(types);
     switch (value.type) {
       case REG_SZ:

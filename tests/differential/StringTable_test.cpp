@@ -1,7 +1,5 @@
 // The reader of string tables against the system's own, over every library that it ships.
 
-#include "platform/StringTableFile.h"
-
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -11,6 +9,7 @@
 #include <map>
 #include <vector>
 
+#include "platform/StringTableFile.h"
 #include "platform/Win32Text.h"
 
 namespace dialwright {
@@ -60,7 +59,8 @@ std::string Loaded(HMODULE module, int number) {
   return length <= 0 ? "" : NarrowText({text, static_cast<std::size_t>(length)});
 }
 
-/// Makes a language the thread's own. The call for that would put a country to a language without one.
+/// Makes a language the thread's own. The call for that would put a country to a language without
+/// one.
 void UseLanguage(WORD language) {
   const DWORD locale = language;
   __asm__ volatile("movl %0, %%gs:0x108" : : "r"(locale));

@@ -74,8 +74,9 @@ std::optional<double> TheirNumber(const std::string& text) {
   return value;
 }
 
-// A separator of thousands behind the point, a sign behind the number, marks of a currency and parentheses are not for keys and places in a menu;
-// the letter D of an exponent is not for the system.
+// A separator of thousands behind the point, a sign behind the number, marks of a currency and
+// parentheses are not for keys and places in a menu; the letter D of an exponent is not for the
+// system.
 TEST(NumberTest, NumericTest) {
   Dice dice(5);
   const int rounds = Rounds(50000);
@@ -97,8 +98,8 @@ TEST(NumberTest, NumericTest) {
   std::printf("%d numbers among %d texts\n", numbers, rounds);
 }
 
-// Of two marks within marks the system makes one that also ends them, which compilers' libraries have
-// long ceased to do.
+// Of two marks within marks the system makes one that also ends them, which compilers' libraries
+// have long ceased to do.
 TEST(CommandLineTest, Splitting) {
   Dice dice(6);
   const int rounds = Rounds(20000);
@@ -124,12 +125,13 @@ TEST(ClockTest, Calendar) {
     const auto part = [&dice](int low, int high) {
       return low + static_cast<int>(dice.below(static_cast<std::size_t>(high - low)));
     };
-    const SystemTime time{part(1599, 4000), part(0, 14), part(0, 33),   part(0, 25),
+    const SystemTime time{part(1599, 4000), part(0, 14), part(0, 33),  part(0, 25),
                           part(0, 61),      part(0, 61), part(0, 1001)};
     if (time.month == 2 && time.day == 29) continue;
     const auto ours = theirs.Clock::SystemTimeToFileTime(time);
-    ASSERT_EQ(ours, theirs.SystemTimeToFileTime(time)) << time.year << '-' << time.month << '-' << time.day << ' '
-        << time.hour << ':' << time.minute << ':' << time.second << '.' << time.milliseconds;
+    ASSERT_EQ(ours, theirs.SystemTimeToFileTime(time))
+        << time.year << '-' << time.month << '-' << time.day << ' ' << time.hour << ':'
+        << time.minute << ':' << time.second << '.' << time.milliseconds;
     if (!ours) continue;
     ++dates;
     ASSERT_EQ(theirs.Clock::FileTimeToSystemTime(*ours), theirs.FileTimeToSystemTime(*ours));

@@ -21,8 +21,8 @@ class InputLines {
   bool ended = false;
 };
 
-/// Waits for standard input, a number of milliseconds or without end for -1, and reads what is there.
-/// Returns the number of bytes, 0 at the end of the input; nothing when the time is over.
+/// Waits for standard input, a number of milliseconds or without end for -1, and reads what is
+/// there. Returns the number of bytes, 0 at the end of the input; nothing when the time is over.
 std::optional<std::size_t> ReadInput(int timeout, char* bytes, std::size_t size);
 
 /// Line ends go in and out as they are.

@@ -12,14 +12,9 @@
 
 namespace dialwright {
 
-/// Files in memory, that count what is done with them and fail on demand.
+/// Files in memory, without folders and copies; reads and rewrites are counted and fail on demand.
 class MemoryFileStore : public FileStore {
  public:
-  struct Entry {
-    std::string bytes;
-    std::int64_t revision = 0;
-  };
-
   void put(std::string_view path, std::string_view bytes) {
     files.insert_or_assign(std::string(path), Entry{std::string(bytes), ++revisions});
   }
@@ -33,7 +28,7 @@ class MemoryFileStore : public FileStore {
     if (found == files.end()) return std::nullopt;
     return FileStamp{0, 0, found->second.bytes.size(), found->second.revision};
   }
-  std::vector<std::string> fileNames(std::string_view) override { return {}; }  // no folders
+  std::vector<std::string> fileNames(std::string_view) override { return {}; }
 
   std::string read(std::string_view path) override {
     ++reads;
@@ -47,19 +42,14 @@ class MemoryFileStore : public FileStore {
   }
   std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override {
     if (create && !files.contains(path)) put(path, "");
-    Entry& entry = at(path);
-    if (opening == Opening::truncate) entry = Entry{"", ++revisions};
-    return std::make_unique<Output>(*this, entry);
-  }
-  void copy(std::string_view from, std::string_view to, bool overwrite) override {
-    if (!overwrite && files.contains(to)) throw RuntimeFailure(Failure::fileAlreadyExists);
-    put(to, at(from).bytes);
+    if (opening == Opening::truncate) at(path).bytes.clear();
+    return std::make_unique<Output>(at(path).bytes);
   }
   void remove(std::string_view path, bool) override {
-    at(path);
-    files.erase(files.find(path));
+    if (files.erase(std::string(path)) == 0) throw RuntimeFailure(Failure::fileNotFound);
   }
-  void createFolder(std::string_view) override { throw RuntimeFailure(Failure::deviceUnavailable); }
+  void copy(std::string_view, std::string_view, bool) override {}
+  void createFolder(std::string_view) override {}
 
   std::optional<Failure> failRead;
   std::optional<Failure> failReplace;
@@ -67,16 +57,15 @@ class MemoryFileStore : public FileStore {
   int replaces = 0;
 
  private:
+  struct Entry {
+    std::string bytes;
+    std::int64_t revision;
+  };
   struct Output : OutputFile {
-    Output(MemoryFileStore& fileStore, Entry& target) : store(fileStore), entry(target) {}
-    void write(std::string_view bytes) override {
-      entry.bytes += bytes;
-      entry.revision = ++store.revisions;
-    }
+    explicit Output(std::string& target) : bytes(target) {}
+    void write(std::string_view more) override { bytes += more; }
     void close() override {}
-
-    MemoryFileStore& store;
-    Entry& entry;
+    std::string& bytes;
   };
 
   Entry& at(std::string_view path) {

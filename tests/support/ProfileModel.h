@@ -16,16 +16,13 @@ namespace dialwright {
 class ProfileModel {
  public:
   explicit ProfileModel(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size()) {
-      const std::size_t end = std::min(text.find_first_of("\r\n", at), text.size());
-      const std::size_t next =
-          text.substr(end, 2) == "\r\n" ? end + 2 : std::min(end + 1, text.size());
-      lines.push_back(
-          {std::string(text.substr(at, end - at)), std::string(text.substr(end, next - end))});
-      at = next;
-    }
     understood = !text.starts_with("\xFF\xFE") && !text.starts_with("\xFE\xFF");
+    while (!text.empty()) {
+      const std::size_t length = std::min(text.find_first_of("\r\n"), text.size());
+      const std::string_view end = text.substr(length, text.substr(length, 2) == "\r\n" ? 2 : 1);
+      lines.push_back({std::string(text.substr(0, length)), std::string(end)});
+      text.remove_prefix(length + end.size());
+    }
   }
 
   std::string text() const {
@@ -57,9 +54,8 @@ class ProfileModel {
       lines.push_back({"[" + std::string(section) + "]", usualEnd});
       place = lines.size() - 1;
     }
-    for (std::size_t i = *place + 1; i < lines.size() && !heading(lines[i].text); ++i) {
+    for (std::size_t i = *place + 1; i < lines.size() && !heading(lines[i].text); ++i)
       if (!trim(lines[i].text).empty()) place = i;
-    }
     if (lines[*place].end.empty()) lines[*place].end = usualEnd;
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*place) + 1,
                  {std::string(trim(key)) + "=" + std::string(value), usualEnd});
@@ -74,8 +70,7 @@ class ProfileModel {
 
  private:
   struct Line {
-    std::string text;
-    std::string end;
+    std::string text, end;
   };
 
   static std::optional<std::string_view> heading(std::string_view line) {
@@ -86,17 +81,15 @@ class ProfileModel {
   }
 
   std::string lineEnd() const {
-    for (const Line& line : lines) {
-      if (line.end == "\n" || line.end == "\r\n") return line.end;
-    }
+    for (const Line& line : lines)
+      if (line.end.ends_with('\n')) return line.end;
     return lines.empty() || lines[0].end.empty() ? "\r\n" : lines[0].end;
   }
 
   std::optional<std::size_t> findSection(std::string_view section) const {
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      const std::optional<std::string_view> name = heading(lines[i].text);
-      if (name && EqualsIgnoringCase(*name, section)) return i;
-    }
+    for (std::size_t i = 0; i < lines.size(); ++i)
+      if (const auto name = heading(lines[i].text); name && EqualsIgnoringCase(*name, section))
+        return i;
     return std::nullopt;
   }
 
@@ -104,10 +97,10 @@ class ProfileModel {
     const std::optional<std::size_t> start = findSection(section);
     if (!understood || !start) return std::nullopt;
     for (std::size_t i = *start + 1; i < lines.size() && !heading(lines[i].text); ++i) {
-      const std::size_t equals = lines[i].text.find('=');
+      const std::string_view line = lines[i].text;
+      const std::size_t equals = line.find('=');
       if (equals == std::string::npos || key.empty()) continue;
-      if (EqualsIgnoringCase(trim(std::string_view(lines[i].text).substr(0, equals)), key))
-        return i;
+      if (EqualsIgnoringCase(trim(line.substr(0, equals)), key)) return i;
     }
     return std::nullopt;
   }

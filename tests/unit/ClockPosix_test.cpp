@@ -8,15 +8,14 @@
 #include <utility>
 
 namespace dialwright {
-namespace {
 
 TEST(ClockPosixTest, LocalTime) {
   ClockPosix clock;
   const FileTime local = *clock.SystemTimeToFileTime({2020, 6, 1, 12, 0, 0, 0});
   const std::pair<const char*, FileTime> zones[] = {
       {"UTC0", local}, {"EST+5", local + 180'000'000'000}, {"IST-5:30", local - 198'000'000'000}};
-  const char* before = std::getenv("TZ");
-  const std::string kept = before != nullptr ? before : "";
+  const char* set = std::getenv("TZ");
+  const std::string before = set != nullptr ? set : ":/etc/localtime";
   for (const auto& [zone, utc] : zones) {
     setenv("TZ", zone, 1);
     tzset();
@@ -26,9 +25,8 @@ TEST(ClockPosixTest, LocalTime) {
     EXPECT_LE(std::abs(seconds - std::time(nullptr)), 2) << zone;
   }
   EXPECT_EQ(clock.LocalFileTimeToFileTime(1), std::nullopt) << "before the first moment";
-  before != nullptr ? setenv("TZ", kept.c_str(), 1) : unsetenv("TZ");
+  setenv("TZ", before.c_str(), 1);
   tzset();
 }
 
-}  // namespace
 }  // namespace dialwright

@@ -171,10 +171,9 @@ struct EverybodysRights {
     access.Trustee.ptstrName = reinterpret_cast<LPWSTR>(everybody);
     PACL list = nullptr;
     ASSERT_EQ(SetEntriesInAclW(1, &access, nullptr, &list), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(SetNamedSecurityInfoW(
-                  name.data(), SE_FILE_OBJECT,
-                  DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr, nullptr,
-                  list, nullptr),
+    EXPECT_EQ(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
+                                    DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
+                                    nullptr, nullptr, list, nullptr),
               DWORD{ERROR_SUCCESS});
     LocalFree(list);
   }

@@ -4,122 +4,95 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
-#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <thread>
+#include <tuple>
 
+#include "../support/FailureNumber.h"
 #include "../support/TempFolder.h"
-#include "platform/Failure.h"
 #include "platform/FileStorePosix.h"
 
 namespace dialwright {
-namespace {
 
 // Programs that write down how they were started, on a search path of the test's own.
-class ProcessesPosixTest : public testing::Test {
- protected:
+struct ProcessesPosixTest : testing::Test {
   ProcessesPosixTest() : searchPath(std::getenv("PATH")) {
-    for (const std::string name : {"drive_c/bin/java", "drive_c/bin/xdg-open"}) {
-      program(name, "#!/bin/sh\n{ pwd -P; for a in \"$0\" \"$@\"; do echo \"<$a>\"; done; } > " +
-                        (host / "out.part").string() + "\nmv " + (host / "out.part").string() +
-                        " " + (host / "out").string() + "\n");
-    }
-    setenv("PATH", ((host / "drive_c/bin").string() + ":/usr/bin:/bin").c_str(), 1);
+    for (const std::string name : {"java", "xdg-open"})
+      program(name,
+              "#!/bin/sh\n{ pwd -P; for a in \"$0\" \"$@\"; do echo \"<$a>\"; done; } > $OUT.part\n"
+              "mv $OUT.part $OUT\n");
+    setenv("OUT", (host / "out").c_str(), 1);
+    setenv("PATH", (bin + ":/usr/bin:/bin").c_str(), 1);
   }
   ~ProcessesPosixTest() override { setenv("PATH", searchPath.c_str(), 1); }
 
-  void program(const std::string& name, const std::string& text, unsigned permissions = 0755) {
-    host.write(name, text);
-    chmod((host / name).c_str(), permissions);
+  void program(const std::string& name, const std::string& text) {
+    host.write("drive_c/bin/" + name, text);
+    chmod((bin + "/" + name).c_str(), 0755);
   }
 
   int shell(std::string_view commandLine, std::string_view folder = "C:\\") {
-    try {
-      processes.Shell(commandLine, WindowState::hidden, folder);
-    } catch (const RuntimeFailure& failure) {
-      return failure.number;
-    }
-    return 0;
+    return FailureNumber([&] { processes.Shell(commandLine, WindowState::hidden, folder); });
   }
 
   // What the program has written down: its folder and its words.
   std::string outcome() {
-    for (int i = 0; i < 500 && !std::filesystem::exists(host / "out"); ++i) {
+    for (int i = 0; i < 500 && !std::filesystem::exists(host / "out"); ++i)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
     const std::string text = host.read("out");
     std::filesystem::remove(host / "out");
     return text;
   }
 
-  std::string at(std::string_view name) const {
-    return std::filesystem::canonical(host / name).string();
-  }
-
   TempFolder host;
+  const std::string bin = (host / "drive_c/bin").string();
   FileStorePosix store{host.path.string()};
   ProcessesPosix processes{[this](std::string_view path) { return store.HostPath(path); }};
   std::string searchPath;
 };
 
-TEST_F(ProcessesPosixTest, AProgramOnTheSearchPath) {
+TEST_F(ProcessesPosixTest, Programs) {
   host.write("drive_c/P/PDFFoldoutBuilder/itext-1.3.jar", "");
-  const std::string folder = at("drive_c/P/PDFFoldoutBuilder");
-  EXPECT_EQ(
-      shell(
-          R"(java -classpath "C:\P\PDFFoldoutBuilder;C:\p\pdffoldoutbuilder\ITEXT-1.3.jar" FBuilder)",
-          R"(C:\P\PDFFoldoutBuilder)"),
-      0);
-  EXPECT_EQ(outcome(), folder + "\n<" + (host / "drive_c/bin/java").string() +
-                           ">\n<-classpath>\n<" + folder + ":" + folder +
-                           "/itext-1.3.jar>\n<FBuilder>\n");
-  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
-  EXPECT_EQ(errno, ECHILD) << "a process is left to wait for";
-}
-
-TEST_F(ProcessesPosixTest, TheOpenerOfTheDesktop) {
   host.write("drive_c/P/Key Mappings.htm", "");
-  EXPECT_EQ(shell(R"(EXPLORER "C:\P\key mappings.HTM")"), 0);
-  EXPECT_EQ(outcome(), at("drive_c") + "\n<" + (host / "drive_c/bin/xdg-open").string() + ">\n<" +
-                           at("drive_c/P/Key Mappings.htm") + ">\n");
-  EXPECT_EQ(shell("explorer.exe http://localhost/x"), 0);
-  EXPECT_NE(outcome().find("<http://localhost/x>"), std::string::npos);
-}
-
-TEST_F(ProcessesPosixTest, AProgramWithAPathAndWordsThatAShellWouldChange) {
-  const std::string words = R"("a b" $HOME `id` *;x 'q' "\\" "")";
-  EXPECT_EQ(shell(R"("C:\BIN\java" )" + words), 0);
-  EXPECT_EQ(outcome(), at("drive_c") + "\n<" + (host / "drive_c/bin/java").string() +
-                           ">\n<a b>\n<$HOME>\n<`id`>\n<*;x>\n<'q'>\n<\\>\n<>\n");
+  const std::string c = std::filesystem::canonical(host / "drive_c").string();
+  const std::string tool = c + "/P/PDFFoldoutBuilder";
+  const std::tuple<std::string, std::string_view, std::string> cases[] = {
+      {R"(java -cp "C:\P\PDFFoldoutBuilder;C:\p\pdffoldoutbuilder\ITEXT-1.3.jar" FBuilder)",
+       R"(C:\P\PDFFoldoutBuilder)",
+       tool + "\n<" + bin + "/java>\n<-cp>\n<" + tool + ":" + tool +
+           "/itext-1.3.jar>\n<FBuilder>\n"},
+      {R"(EXPLORER "C:\P\key mappings.HTM")", "C:\\",
+       c + "\n<" + bin + "/xdg-open>\n<" + c + "/P/Key Mappings.htm>\n"},
+      {R"("C:\BIN\java" "a b" $HOME `id` *;x 'q' "\\" "")", "C:\\",
+       c + "\n<" + bin + "/java>\n<a b>\n<$HOME>\n<`id`>\n<*;x>\n<'q'>\n<\\>\n<>\n"},
+  };
+  for (const auto& [commandLine, folder, expected] : cases) {
+    EXPECT_EQ(shell(commandLine, folder), 0) << commandLine;
+    EXPECT_EQ(outcome(), expected);
+  }
 }
 
 TEST_F(ProcessesPosixTest, NobodyWaitsForTheProgram) {
-  program("drive_c/bin/waiter",
-          "#!/bin/sh\ni=0\nwhile [ ! -e go ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i+1)); done\n"
-          "[ -e go ] && echo went > part\nmv part " +
-              (host / "out").string() + "\n");
+  program("waiter", "#!/bin/sh\nwhile [ ! -e go ]; do sleep 0.1; done\nmv go $OUT\n");
   EXPECT_EQ(shell("waiter"), 0);
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "it is a child of ours";
-  EXPECT_EQ(errno, ECHILD);
-  host.write("drive_c/go", "");
-  EXPECT_EQ(outcome(), "went\n");
+  host.write("drive_c/go", "went");
+  EXPECT_EQ(outcome(), "went");
 }
 
 TEST_F(ProcessesPosixTest, FailuresToStart) {
-  program("drive_c/bin/locked", "#!/bin/sh\n", 0644);
-  program("drive_c/bin/orphan", "#!/no/such/interpreter\n");
-  program("drive_c/bin/empty", "");
-  EXPECT_EQ(shell("no-such-program-anywhere"), 53);
-  EXPECT_EQ(shell(R"(C:\bin\none.exe)"), 53);
-  EXPECT_EQ(shell(R"(C:\bin\orphan)"), 53);
-  EXPECT_EQ(shell(R"(C:\bin\locked)"), 70);
-  EXPECT_NE(shell(R"(C:\bin\empty)"), 0);
+  program("orphan", "#!/no/such/interpreter\n");
+  program("empty", "");
+  host.write("drive_c/bin/locked", "#!/bin/sh\n");
+  const std::pair<std::string_view, int> cases[] = {
+      {"no-such-program-anywhere", 53}, {R"(C:\bin\none.exe)", 53}, {R"(C:\bin\orphan)", 53},
+      {R"(C:\bin\locked)", 70},         {R"(C:\bin\empty)", 75},    {"", 5},
+  };
+  for (const auto& [commandLine, number] : cases) EXPECT_EQ(shell(commandLine), number);
   EXPECT_EQ(shell("java", R"(C:\nowhere)"), 76);
-  EXPECT_EQ(shell(""), 5);
   EXPECT_FALSE(std::filesystem::exists(host / "out"));
-  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left to wait for";
 }
 
-}  // namespace
 }  // namespace dialwright

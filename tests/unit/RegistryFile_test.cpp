@@ -4,107 +4,70 @@
 
 #include <array>
 #include <optional>
+#include <tuple>
+#include <utility>
 
+#include "server/RegistryAPI.h"
 #include "text/Ansi.h"
 
 namespace dialwright {
-namespace {
 
 using namespace std::string_literals;
 
-struct Value {
-  std::uint32_t type = 0;
-  std::string bytes;
-  friend bool operator==(const Value&, const Value&) = default;
-};
+using Value = std::pair<std::uint32_t, std::string>;  // type and bytes
 
-void PrintTo(const Value& value, std::ostream* out) {
-  *out << value.type << ':' << testing::PrintToString(value.bytes);
+static bool KeyExists(MemoryRegistry& registry, std::string_view path) {
+  return bRegistryKeyExists(registry, RegistryKey::localMachine, path);
 }
 
-std::optional<Value> Query(MemoryRegistry& registry, std::string_view path, std::string_view name) {
+static std::optional<Value> Query(MemoryRegistry& registry, std::string_view path,
+                                  std::string_view name) {
   RegistryKey key = RegistryKey::none;
-  if (registry.RegOpenKeyExA(RegistryKey::localMachine, path, 0, 131097, key) != registrySuccess) {
-    return std::nullopt;
-  }
-  std::array<std::byte, 4096> buffer{};
-  std::uint32_t size = 0;
+  registry.RegOpenKeyExA(RegistryKey::localMachine, path, 0, 0, key);
+  std::array<std::byte, 64> buffer{};
   Value value;
-  const long result = registry.RegQueryValueExA(key, name, value.type, buffer, size);
-  EXPECT_EQ(registry.RegCloseKey(key), registrySuccess);
-  if (result != registrySuccess) return std::nullopt;
-  value.bytes.assign(reinterpret_cast<const char*>(buffer.data()), size);
+  std::uint32_t size = 0;
+  if (registry.RegQueryValueExA(key, name, value.first, buffer, size) != registrySuccess) return {};
+  value.second.assign(reinterpret_cast<const char*>(buffer.data()), size);
   return value;
 }
 
-bool KeyExists(MemoryRegistry& registry, std::string_view path) {
-  RegistryKey key = RegistryKey::none;
-  return registry.RegOpenKeyExA(RegistryKey::localMachine, path, 0, 131097, key) == registrySuccess;
-}
-
-constexpr std::string_view values =
-    "\r\n; a comment\r\n[HKEY_LOCAL_MACHINE\\Software\\Quillon]\r\n"
-    "\"Version Number\"=dword:00040002\r\n"
-    "\"Root Path\"=\"C:\\\\Telhost\\\\\"\r\n"
-    "  \"quoted \\\"name\\\"\" = \"a \\\"b\\\" ; c\"  \r\n"
-    "@=\"the default\"\r\n"
-    "\"lines\"=\"one\r\ntwo\\nthree\"\r\n"
-    "\"binary\"=hex:01,0a,\\\r\n  FF\r\n"
-    "\"none\"=hex:\r\n"
-    "\"empty\"=\"\"\r\n"
-    "\"umlaut\"=\"\xC3\xA4\xE2\x82\xAC\"\r\n"
-    "\"quad\"=hex(b):01,00,00,00,00,00,00,00\r\n"
-    "\"doubled\"=hex(4):02,00,00,00\r\n";
-
-void ExpectValues(MemoryRegistry& registry) {
-  const std::pair<std::string_view, Value> cases[] = {
-      {"version NUMBER", {4, "\x02\0\x04\0"s}},
-      {"Root Path", {1, "C:\\Telhost\\\0"s}},
-      {"quoted \"name\"", {1, "a \"b\" ; c\0"s}},
-      {"", {1, "the default\0"s}},
-      {"lines", {1, "one\r\ntwo\nthree\0"s}},
-      {"binary", {3, "\x01\x0A\xFF"}},
-      {"none", {3, ""}},
-      {"empty", {1, "\0"s}},
-      {"umlaut", {1, "\xE4\x80\0"s}},
-      {"quad", {11, "\x01\0\0\0\0\0\0\0"s}},
-      {"doubled", {4, "\x02\0\0\0"s}},
-  };
-  for (const auto& [name, value] : cases) {
-    EXPECT_EQ(Query(registry, "SOFTWARE\\quillon\\", name), value) << name;
-  }
-}
-
 TEST(RegistryFileTest, ValuesInEveryEncoding) {
-  const std::string version5 = "Windows Registry Editor Version 5.00\r\n" + std::string(values);
-  const std::string files[] = {
-      "\xFF\xFE" + Utf8ToUtf16(version5),
-      "\xEF\xBB\xBF" + version5,
-      Utf8ToAnsi(version5),
-      Utf8ToAnsi("REGEDIT4\r\n" + std::string(values)),
+  const std::tuple<std::string, std::string, Value> cases[] = {
+      {R"("Version Number"=dword:00040002)", "version NUMBER", {4, "\x02\0\x04\0"s}},
+      {R"("Root Path"="C:\\Telhost\\")", "Root Path", {1, "C:\\Telhost\\\0"s}},
+      {R"(  "\"name\"" = "a \"b\" ; c"  )", "\"name\"", {1, "a \"b\" ; c\0"s}},
+      {R"(@="the default")", "", {1, "the default\0"s}},
+      {"\"lines\"=\"one\r\ntwo\\nthree\"", "lines", {1, "one\r\ntwo\nthree\0"s}},
+      {"\"binary\"=hex:01,0a,\\\r\n  FF", "binary", {3, "\x01\x0A\xFF"}},
+      {R"("none"=hex:)", "none", {3, ""}},
+      {"\"umlaut\"=\"\xC3\xA4\xE2\x82\xAC\"", "umlaut", {1, "\xE4\x80\0"s}},
+      {R"("type"=hex(b):01,00)", "type", {11, "\x01\0"s}},
   };
-  for (const std::string& file : files) {
+  std::string values = "\r\n; a comment\r\n[HKEY_LOCAL_MACHINE\\Software\\Quillon]\r\n";
+  for (const auto& [line, name, value] : cases) values += line + "\r\n";
+  const std::string version5 = "Windows Registry Editor Version 5.00\r\n" + values;
+  for (const std::string& file : {"\xFF\xFE" + Utf8ToUtf16(version5), "\xEF\xBB\xBF" + version5,
+                                  Utf8ToAnsi(version5), Utf8ToAnsi("REGEDIT4\r\n" + values)}) {
     MemoryRegistry registry;
     readRegistryFile(file, registry);
-    ExpectValues(registry);
+    for (const auto& [line, name, value] : cases)
+      EXPECT_EQ(Query(registry, "SOFTWARE\\quillon\\", name), value) << name;
   }
 }
 
 TEST(RegistryFileTest, TextsInHexAreWideInVersion5Only) {
-  constexpr std::string_view key = "[HKEY_LOCAL_MACHINE\\k]\n";
-  MemoryRegistry five;
+  MemoryRegistry registry;
   readRegistryFile(
-      "Windows Registry Editor Version 5.00\n" + std::string(key) +
-          "\"e\"=hex(2):25,00,ac,20,00,00\n\"m\"=hex(7):61,00,00,00,62,00,00,00,00,00\n"
-          "\"s\"=hex(1):61,00,00,00\n\"b\"=hex(3):61,00",
-      five);
-  EXPECT_EQ(Query(five, "k", "e"), (Value{2, "%\x80\0"s}));
-  EXPECT_EQ(Query(five, "k", "m"), (Value{7, "a\0b\0\0"s}));
-  EXPECT_EQ(Query(five, "k", "s"), (Value{1, "a\0"s}));
-  EXPECT_EQ(Query(five, "k", "b"), (Value{3, "a\0"s}));
-  MemoryRegistry four;
-  readRegistryFile("REGEDIT4\n" + std::string(key) + "\"e\"=hex(2):25,80,00\n", four);
-  EXPECT_EQ(Query(four, "k", "e"), (Value{2, "%\x80\0"s}));
+      "Windows Registry Editor Version 5.00\n[HKEY_LOCAL_MACHINE\\five]\n"
+      "\"e\"=hex(2):25,00,ac,20,00,00\n\"m\"=hex(7):61,00,00,00,62,00,00,00,00,00\n"
+      "\"b\"=hex(3):61,00",
+      registry);
+  readRegistryFile("REGEDIT4\n[HKEY_LOCAL_MACHINE\\four]\n\"e\"=hex(2):25,80,00\n", registry);
+  EXPECT_EQ(Query(registry, "five", "e"), (Value{2, "%\x80\0"s}));
+  EXPECT_EQ(Query(registry, "five", "m"), (Value{7, "a\0b\0\0"s}));
+  EXPECT_EQ(Query(registry, "five", "b"), (Value{3, "a\0"s}));
+  EXPECT_EQ(Query(registry, "four", "e"), (Value{2, "%\x80\0"s}));
 }
 
 TEST(RegistryFileTest, WhatCannotBeUnderstoodIsPassedOver) {
@@ -116,12 +79,11 @@ TEST(RegistryFileTest, WhatCannotBeUnderstoodIsPassedOver) {
       "[HKEY_LOCAL_MACHINE\\no end\n\"v\"=\"1\"\n"
       "[hkey_local_machine\\a]\n"
       "\"d\"=dword:xyz\n\"d2\"=dword:\n\"d3\"=dword:123456789\n\"h\"=hex:1,zz\n\"h2\"=hex(:00\n"
-      "\"h3\"=hex:100\n\"h4\"=hexx:00\n\"q\"=\"not closed\n\"ok\"=dword:1\n\"n\" "
-      "\"v\"\n\"name\nrest",
+      "\"h3\"=hex:100\n\"h4\"=hexx:00\n\"q\"=\"not closed\n\"ok\"=dword:1\n\"n\" \"v\"\n"
+      "\"name\nrest",
       registry);
-  for (const std::string_view name : {"d", "d2", "d3", "h", "h2", "h3", "h4", "n", "name", "v"}) {
+  for (const std::string_view name : {"d", "d2", "d3", "h", "h2", "h3", "h4", "n", "name", "v"})
     EXPECT_EQ(Query(registry, "a", name), std::nullopt) << name;
-  }
   EXPECT_FALSE(KeyExists(registry, "no end"));
   EXPECT_FALSE(KeyExists(registry, "X\\a"));
 }
@@ -129,40 +91,14 @@ TEST(RegistryFileTest, WhatCannotBeUnderstoodIsPassedOver) {
 TEST(RegistryFileTest, RemovalsAndKeysWithoutValues) {
   MemoryRegistry registry;
   readRegistryFile(
-      "[HKEY_LOCAL_MACHINE\\a\\b\\c]\n\"v\"=dword:1\n\"w\"=dword:2\n\"V\"=-\n"
-      "[HKEY_LOCAL_MACHINE\\ab]\n[HKEY_LOCAL_MACHINE\\x\\y]\n[HKEY_LOCAL_MACHINE\\xy]\n[-HKEY_"
-      "LOCAL_MACHINE\\X]\n\"z\"=dword:"
-      "1\n",
+      "[HKEY_LOCAL_MACHINE\\a\\b]\n\"v\"=dword:1\n\"w\"=dword:2\n\"V\"=-\n"
+      "[HKEY_LOCAL_MACHINE\\x\\y]\n[HKEY_LOCAL_MACHINE\\xy]\n"
+      "[-HKEY_LOCAL_MACHINE\\X]\n\"z\"=dword:1\n",
       registry);
-  EXPECT_EQ(Query(registry, "a\\b\\c", "v"), std::nullopt);
-  EXPECT_EQ(Query(registry, "a\\b\\c", "w"), (Value{4, "\x02\0\0\0"s}));
-  EXPECT_TRUE(KeyExists(registry, "A\\B\\"));
-  EXPECT_TRUE(KeyExists(registry, "ab"));
-  EXPECT_TRUE(KeyExists(registry, "xy"));
-  EXPECT_FALSE(KeyExists(registry, "x"));
-  EXPECT_FALSE(KeyExists(registry, "x\\y"));
+  EXPECT_EQ(Query(registry, "a\\b", "v"), std::nullopt);
+  EXPECT_EQ(Query(registry, "a\\b", "w"), (Value{4, "\x02\0\0\0"s}));
+  for (const std::string path : {"A\\B\\", "a", "xy", "x", "x\\y"})
+    EXPECT_EQ(KeyExists(registry, path), path != "x" && path != "x\\y") << path;
 }
 
-TEST(MemoryRegistryTest, HandlesAndBuffers) {
-  MemoryRegistry registry;
-  registry.set("a\\b", "v", RegistryValue::text("text"));
-  RegistryKey a = RegistryKey::none;
-  RegistryKey b = RegistryKey::none;
-  ASSERT_EQ(registry.RegOpenKeyExA(RegistryKey::localMachine, "A", 0, 131097, a), 0);
-  ASSERT_EQ(registry.RegOpenKeyExA(a, "b\\", 0, 131097, b), 0);
-  EXPECT_EQ(registry.RegOpenKeyExA(a, "none", 0, 131097, b), registryNotFound);
-  std::array<std::byte, 5> buffer{};
-  std::uint32_t type = 0;
-  std::uint32_t size = 0;
-  EXPECT_EQ(registry.RegQueryValueExA(b, "V", type, std::span(buffer).first(4), size),
-            registryMoreData);
-  EXPECT_EQ(size, 5u);
-  EXPECT_EQ(registry.RegQueryValueExA(b, "V", type, buffer, size), registrySuccess);
-  EXPECT_EQ(registry.RegQueryValueExA(a, "V", type, buffer, size), registryNotFound);
-  EXPECT_EQ(registry.RegCloseKey(b), registrySuccess);
-  EXPECT_NE(registry.RegCloseKey(b), registrySuccess);
-  EXPECT_NE(registry.RegQueryValueExA(b, "V", type, buffer, size), registrySuccess);
-}
-
-}  // namespace
 }  // namespace dialwright

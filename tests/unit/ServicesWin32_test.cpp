@@ -155,8 +155,8 @@ TEST(HelpViewerWin32Test, WindowsAreTold) {
   HelpViewerWin32 viewer;
   EXPECT_FALSE(viewer.IsWindow(0));
   EXPECT_FALSE(viewer.IsWindow(0x7FFFFFF0));
-  const HWND window = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr,
-                                      nullptr, nullptr);
+  const HWND window =
+      CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
   ASSERT_NE(window, nullptr);
   const auto handle = reinterpret_cast<WindowHandle>(window);
   EXPECT_TRUE(viewer.IsWindow(handle));

@@ -11,8 +11,8 @@ namespace dialwright {
 
 namespace {
 
-/// Whether a read would not wait: a pipe has to be asked, since nothing tells when its bytes come. What
-/// is no pipe never waits.
+/// Whether a read would not wait: a pipe has to be asked, since nothing tells when its bytes come.
+/// What is no pipe never waits.
 bool isReady(HANDLE input) {
   DWORD there = 0;
   if (GetFileType(input) != FILE_TYPE_PIPE) return true;

@@ -91,13 +91,12 @@ void WorldLanguages::FreeLibrary(LibraryHandle library) {
   LanguagesWin32::FreeLibrary(library);
 }
 
-std::optional<std::string> WorldLanguages::GetLocaleInfoA(std::int32_t language,
-                                                          int information) {
+std::optional<std::string> WorldLanguages::GetLocaleInfoA(std::int32_t language, int information) {
   return LanguagesWin32::GetLocaleInfoA(language == 0 ? defaultLanguage : language, information);
 }
 
-// Where Windows names a language together with its country, Wine leaves the country out; the same name
-// is to be had from the locale.
+// Where Windows names a language together with its country, Wine leaves the country out; the same
+// name is to be had from the locale.
 std::optional<std::string> WorldLanguages::VerLanguageNameA(std::int32_t language) {
   return LanguagesWin32::GetLocaleInfoA(language, LOCALE_SLANGUAGE);
 }

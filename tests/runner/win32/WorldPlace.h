@@ -31,8 +31,8 @@ struct WorldFolder {
   std::filesystem::path path;
 };
 
-/// The real files of Windows, with the drives of the transcript laid into its folder: nothing on the
-/// machine's own drives is touched.
+/// The real files of Windows, with the drives of the transcript laid into its folder: nothing on
+/// the machine's own drives is touched.
 class WorldDisk : public FileStore {
  public:
   explicit WorldDisk(const WorldFolder& worldFolder) : folder(worldFolder) {}
@@ -64,8 +64,8 @@ class WorldDisk : public FileStore {
   FileStoreWin32 files;
 };
 
-/// The real registry of Windows. While it lives, this process finds an empty key of the user's in place
-/// of the machine's own: nothing of the machine is read or changed, and nothing is left.
+/// The real registry of Windows. While it lives, this process finds an empty key of the user's in
+/// place of the machine's own: nothing of the machine is read or changed, and nothing is left.
 class WorldRegistry : public RegistryWin32 {
  public:
   WorldRegistry();

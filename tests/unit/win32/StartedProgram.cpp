@@ -1,5 +1,5 @@
-// A program for a test to start: it leaves what it was told of its window in the file "state" of the
-// current folder, whole or not at all.
+// A program for a test to start: it leaves what it was told of its window in the file "state" of
+// the current folder, whole or not at all.
 
 #include <windows.h>
 
