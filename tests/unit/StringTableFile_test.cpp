@@ -64,6 +64,7 @@ TEST(StringTableFile, HoldsNothingWhereItIsCutOrDamaged) {
       {"no signature", kHeader, 0x4551},
       {"optional header without resources", kHeader + 20, 0x80, 2},
       {"neither format", kOptional, 0x107, 2},
+      {"two data directories", kOptional + 108, 2},
       {"no resources", kOptional + 128, 0},
       {"section elsewhere in memory", kSection + 12, 0x2000},
       {"section outside the file", kSection + 20, 0xffffff00},
