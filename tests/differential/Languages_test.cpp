@@ -6,7 +6,7 @@
 
 #include <map>
 
-#include "PeWriter.h"
+#include "transcript/PeWriter.h"
 #include "TempFolder.h"
 #include "language/modLocalize.h"
 #include "platform/LanguagesWin32.h"
@@ -74,15 +74,15 @@ TEST(LanguagesTest, IdsOfCodes) {
 
 TEST(LanguagesTest, LibrariesThatTheTestsMake) {
   const TempFolder folder;
-  const test::StringTable strings = {{0, u"first"},
+  const StringTable strings = {{0, u"first"},
                                      {15, u"end of block"},
                                      {16, u"next block"},
                                      {1024, u"\u65E5\u672C"},
                                      {1237, std::u16string(2000, u'x')},
                                      {65535, u"last\r\n"}};
-  for (const test::PeFormat format : {test::PeFormat::pe32, test::PeFormat::pe32Plus}) {
+  for (const PeFormat format : {PeFormat::pe32, PeFormat::pe32Plus}) {
     for (const std::uint16_t language : std::initializer_list<std::uint16_t>{0, 1031, 1041}) {
-      const std::string bytes = test::MakeStringLibrary(strings, format, language);
+      const std::string bytes = MakeStringLibrary(strings, format, language);
       folder.write("library.dll", bytes);
       LanguagesWin32 theirs;
       const LibraryHandle library =

@@ -6,7 +6,7 @@
 #include "FaultyFiles.h"
 #include "platform/FileLanguages.h"
 #include "platform/RegistryFile.h"
-#include "runner/World.h"
+#include "transcript/World.h"
 #include "shell/frmMain.h"
 
 namespace dialwright {

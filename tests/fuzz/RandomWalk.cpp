@@ -7,8 +7,8 @@
 
 #include "ScriptText.h"
 #include "keymap/Catalogue.h"
-#include "runner/HeadlessUser.h"
-#include "runner/Player.h"
+#include "transcript/HeadlessUser.h"
+#include "transcript/Player.h"
 #include "scripts/SetupOptions.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "language/EnglishStrings.h"
-#include "runner/World.h"
+#include "transcript/World.h"
 
 namespace dialwright {
 

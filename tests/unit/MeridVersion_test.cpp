@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "../support/FailureNumber.h"
-#include "runner/World.h"
+#include "transcript/World.h"
 #include "server/RegistryAPI.h"
 
 namespace dialwright {

@@ -11,7 +11,7 @@
 #include "platform/ProcessesWin32.h"
 #include "platform/RegistryWin32.h"
 #include "platform/Win32Text.h"
-#include "runner/World.h"
+#include "transcript/World.h"
 #include "text/CodePageWin32.h"
 
 namespace dialwright {

@@ -7,12 +7,10 @@
 #include <string>
 #include <tuple>
 
-#include "../support/PeWriter.h"
+#include "transcript/PeWriter.h"
 
 namespace dialwright {
 
-using test::MakeStringLibrary;
-using test::PeFormat;
 
 static std::optional<std::string> Find(const std::string& library, int number) {
   const auto file = StringTableFile::parse(library);
@@ -27,7 +25,7 @@ TEST(StringTableFile, FindsTextsByNumberInBothFormats) {
       {1042, halves, "a\ufffdb\ufffd"}, {1200, std::u16string(1200, u'x'), std::string(1200, 'x')},
       {65535, u"last", "last"},
   };
-  test::StringTable strings;
+  StringTable strings;
   for (const auto& [number, utf16, utf8] : texts) strings[number] = utf16;
   for (const auto format : {PeFormat::pe32, PeFormat::pe32Plus}) {
     const std::string library = MakeStringLibrary(strings, format, 0x407);

@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "PeWriter.h"
+#include "transcript/PeWriter.h"
 #include "WindowTest.h"
 #include "desktop/AboutDialog.h"
 #include "desktop/LanguageFontResolver.h"
@@ -79,7 +79,7 @@ class AboutDialogTest : public WindowTest {
   AboutDialogTest() {
     for (const char* code : {"DEU", "JPN"})
       world.makeFile("C:\\Dialwright\\Dialwright_" + std::string(code) + ".dll",
-                     test::MakeStringLibrary({{1036, u"&Beenden"}, {1098, u"Gut"}}));
+                     MakeStringLibrary({{1036, u"&Beenden"}, {1098, u"Gut"}}));
     user.click("mnuAbout");
   }
   AboutDialog& about() { return *window.aboutBox(); }

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "runner/World.h"
-#include "runner/window/WindowUser.h"
+#include "transcript/World.h"
+#include "transcript/window/WindowUser.h"
 
 namespace dialwright {
 

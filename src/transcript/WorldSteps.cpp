@@ -186,7 +186,7 @@ void RemovePath(World& world, const Words& words) {
 
 void MakeLibrary(World& world, const Words& words, const std::vector<std::string>& lines) {
   need(words.size() == 2, "library PATH");
-  test::StringTable strings;
+  StringTable strings;
   for (const std::string& line : lines) {
     const std::size_t blank = line.find(' ');
     need(blank != std::string::npos, "not a numbered text: " + line);
@@ -199,7 +199,7 @@ void MakeLibrary(World& world, const Words& words, const std::vector<std::string
                                      static_cast<unsigned char>(bytes[i + 1]) << 8);
     strings[static_cast<int>(number(line.substr(0, blank)))] = units;
   }
-  world.makeFile(words[1], test::MakeStringLibrary(strings));
+  world.makeFile(words[1], MakeStringLibrary(strings));
 }
 
 void SetLocale(World& world, const Words& words) {

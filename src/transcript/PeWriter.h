@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace dialwright::test {
+namespace dialwright {
 
 /// Texts by string number, 0 to 65535. Numbers that are absent get the length 0.
 using StringTable = std::map<int, std::u16string>;
@@ -22,4 +22,4 @@ std::string MakeStringLibrary(const std::vector<std::pair<std::uint16_t, StringT
 std::string MakeStringLibrary(const StringTable& strings, PeFormat format = PeFormat::pe32Plus,
                               std::uint16_t language = 0);
 
-}  // namespace dialwright::test
+}  // namespace dialwright

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/MainWindow.h"
-#include "runner/User.h"
+#include "transcript/User.h"
 #include "shell/frmMain.h"
 
 class QAction;

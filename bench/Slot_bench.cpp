@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "runner/World.h"
+#include "transcript/World.h"
 #include "shell/Lifecycle.h"
 #include "shell/frmMain.h"
 

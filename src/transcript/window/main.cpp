@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "WindowUser.h"
-#include "runner/Runner.h"
+#include "transcript/Runner.h"
 
 namespace {
 

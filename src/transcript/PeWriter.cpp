@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <initializer_list>
 
-namespace dialwright::test {
+namespace dialwright {
 namespace {
 
 using Numbers = std::initializer_list<std::uint32_t>;
@@ -132,4 +132,4 @@ std::string MakeStringLibrary(const StringTable& strings, PeFormat format, std::
   return MakeStringLibrary({{language, strings}}, format);
 }
 
-}  // namespace dialwright::test
+}  // namespace dialwright

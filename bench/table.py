@@ -19,7 +19,7 @@ import sys
 import tempfile
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+ROOT = pathlib.Path(__file__).resolve().parents[1]
 SCRIPTS = ROOT / "sandbox/merid-7.0-2.0/drive_c/Telhost/Localize/Scripts"
 SLOT = ["Macros_MenuAlternate_Custom.cdh", "SubMsgPlay_Alternate_Custom.cde", "SubSetupMenu_Alternate1.cde"]
 STARTS = 21
@@ -44,7 +44,7 @@ def size_name(size):
 
 def slots(build):
     """Loading and saving a slot at each size; returns our times."""
-    out = subprocess.run([build / "tests/benchmarks", "--benchmark_filter=Slot", "--benchmark_format=json"],
+    out = subprocess.run([build / "bench/benchmarks", "--benchmark_filter=Slot", "--benchmark_format=json"],
                          check=True, capture_output=True, text=True).stdout
     ours, ratios = {}, {}
     for result in json.loads(out)["benchmarks"]:
@@ -79,7 +79,7 @@ def wine(build, ours):
         print("(no Wine or no mingw-w64 here: its profile calls are not compared)")
         return
     program = build / "ProfileCalls.exe"
-    subprocess.run([compiler, "-O2", "-std=c++20", "-static", ROOT / "tests/bench/ProfileCalls-win32.cpp", "-o", program],
+    subprocess.run([compiler, "-O2", "-std=c++20", "-static", ROOT / "bench/ProfileCalls-win32.cpp", "-o", program],
                    check=True)
     times = []
     with tempfile.TemporaryDirectory() as folder:
@@ -113,8 +113,8 @@ def starts(build):
         shutil.copytree(build / "program", place, dirs_exist_ok=True)
         shutil.copytree(ROOT / "sandbox/merid-7.0-2.0", place, dirs_exist_ok=True)
         editor = place / "Dialwright"
-        shutil.copy(build / "tests/first-paint-editor", editor)
-        empty = build / "tests/first-paint-empty"
+        shutil.copy(build / "bench/first-paint-editor", editor)
+        empty = build / "bench/first-paint-empty"
         size = [str(part) for part in first_paint(editor)[2:]]
         pairs = [(first_paint(empty, *size), first_paint(editor)) for _ in range(STARTS)]
     for place, what, unit, divisor, bar in (0, "start to the first painted window", "ms", 1000, 2), (
@@ -130,7 +130,7 @@ def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     ours = slots(build)
     wine(build, ours)
-    if (build / "tests/first-paint-editor").exists():
+    if (build / "bench/first-paint-editor").exists():
         starts(build)
     heads = ("what", "plain", "editor", "ratio", "middle half", "bar", "")
     widths = [max(len(each[i]) for each in [heads, *rows]) for i in range(len(heads))]
