@@ -11,7 +11,8 @@ namespace dialwright {
 
 namespace {
 
-/// Cells with some room around their texts, so that a long list reads easily.
+/// Cells with some room around their texts, so that a long list reads easily. The current row is the
+/// one that the boxes edit, and looks it wherever the keyboard is: Windows greys it otherwise.
 class RoomyCells : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -19,6 +20,12 @@ class RoomyCells : public QStyledItemDelegate {
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const int room = option.fontMetrics.height();
     return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * room, room / 2);
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state |= QStyle::State_Active;
   }
 };
 
