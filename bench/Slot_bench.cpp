@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-#include "transcript/World.h"
 #include "shell/Lifecycle.h"
 #include "shell/frmMain.h"
+#include "transcript/World.h"
 
 namespace dialwright {
 

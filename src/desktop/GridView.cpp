@@ -11,8 +11,8 @@ namespace dialwright {
 
 namespace {
 
-/// Cells with some room around their texts, so that a long list reads easily. The current row is the
-/// one that the boxes edit, and looks it wherever the keyboard is: Windows greys it otherwise.
+/// Cells with some room around their texts, so that a long list reads easily. The current row is
+/// the one that the boxes edit, and looks it wherever the keyboard is: Windows greys it otherwise.
 class RoomyCells : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

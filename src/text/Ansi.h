@@ -5,8 +5,8 @@
 
 namespace dialwright {
 
-/// The ANSI code page: the system's own on Windows, Windows-1252 elsewhere. What the code page cannot
-/// hold, and what is not UTF-8, becomes '?'.
+/// The ANSI code page: the system's own on Windows, Windows-1252 elsewhere. What the code page
+/// cannot hold, and what is not UTF-8, becomes '?'.
 std::string AnsiToUtf8(std::string_view ansi);
 std::string Utf8ToAnsi(std::string_view utf8);
 

@@ -30,8 +30,8 @@ std::vector<std::string> allTranscripts() {
   return files;
 }
 
-/// Whether a line was printed as it must be. An empty line of a file is shown as "| ", and editors that
-/// drop blanks at a line's end leave a lone "|".
+/// Whether a line was printed as it must be. An empty line of a file is shown as "| ", and editors
+/// that drop blanks at a line's end leave a lone "|".
 bool isExpected(const std::string& expected, const std::string& printed) {
   return expected == printed || (expected == "|" && printed == "| ");
 }

@@ -1,8 +1,8 @@
 import java.nio.charset.Charset;
+import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.List;
 import java.util.Random;
 
@@ -13,6 +13,7 @@ import java.util.Random;
  * <p>usage: KeyMapMutations FOLDER_OF_KEY_MAPS
  */
 final class KeyMapMutations {
+    private static final Charset BYTES = StandardCharsets.ISO_8859_1;
     private static final Charset CODE_PAGE = Charset.forName("windows-1252");
     private static final int RUNS = 10_000;
     private static final String[] PIECES = {
@@ -24,10 +25,10 @@ final class KeyMapMutations {
     private KeyMapMutations() {}
 
     public static void main(String[] arguments) throws Exception {
-        List<byte[]> seeds = new ArrayList<>();
+        List<String> seeds = new ArrayList<>();
         try (var files = Files.list(Path.of(arguments[0]))) {
             for (Path file : files.sorted().toList()) {
-                seeds.add(Files.readAllBytes(file));
+                seeds.add(Files.readString(file, BYTES));
                 KeyMapReader.read(file);
             }
         }
@@ -36,11 +37,11 @@ final class KeyMapMutations {
         int read = 0;
         try {
             for (int run = 0; run < RUNS; run++) {
-                byte[] bytes = seeds.get(random.nextInt(seeds.size()));
+                String text = seeds.get(random.nextInt(seeds.size()));
                 for (int changes = 1 + random.nextInt(3); changes > 0; changes--) {
-                    bytes = damaged(bytes, random);
+                    text = damaged(text, random);
                 }
-                Files.write(file, bytes);
+                Files.writeString(file, text, BYTES);
                 KeyMap map;
                 try {
                     map = KeyMapReader.read(file);
@@ -66,34 +67,21 @@ final class KeyMapMutations {
         }
     }
 
-    private static byte[] damaged(byte[] bytes, Random random) {
-        int from = random.nextInt(bytes.length + 1);
-        int to = Math.min(bytes.length, from + random.nextInt(60));
-        byte[] middle =
-                switch (random.nextInt(5)) {
-                    case 0 -> new byte[0]; // a stretch goes,
-                    case 1 -> twice(Arrays.copyOfRange(bytes, from, to)); // comes twice,
-                    case 2 -> concat(PIECES[random.nextInt(PIECES.length)].getBytes(CODE_PAGE), bytes, from, to);
-                    case 3 -> { // or has another byte in it
-                        byte[] stretch = Arrays.copyOfRange(bytes, from, to);
-                        if (stretch.length > 0) stretch[random.nextInt(stretch.length)] = (byte) random.nextInt(256);
-                        yield stretch;
-                    }
-                    default -> Arrays.copyOfRange(bytes, from, to);
-                };
-        boolean cut = random.nextInt(40) == 0;
-        byte[] head = concat(Arrays.copyOf(bytes, from), middle, 0, middle.length);
-        return cut ? head : concat(head, bytes, to, bytes.length);
-    }
-
-    private static byte[] twice(byte[] bytes) {
-        return concat(bytes, bytes, 0, bytes.length);
-    }
-
-    private static byte[] concat(byte[] front, byte[] bytes, int from, int to) {
-        byte[] result = Arrays.copyOf(front, front.length + to - from);
-        System.arraycopy(bytes, from, result, front.length, to - from);
-        return result;
+    private static String damaged(String text, Random random) {
+        int from = random.nextInt(text.length() + 1);
+        int to = Math.min(text.length(), from + random.nextInt(60));
+        StringBuilder stretch = new StringBuilder(text.substring(from, to));
+        switch (random.nextInt(5)) {
+            case 0 -> stretch.setLength(0); // it goes,
+            case 1 -> stretch.append(text, from, to); // comes twice,
+            case 2 -> stretch.insert(0, PIECES[random.nextInt(PIECES.length)]); // behind something else,
+            case 3 -> { // or has another byte in it
+                if (from < to) stretch.setCharAt(random.nextInt(to - from), (char) random.nextInt(256));
+            }
+            default -> {}
+        }
+        String rest = random.nextInt(40) == 0 ? "" : text.substring(to);
+        return text.substring(0, from) + stretch + rest;
     }
 
     private static String plain(KeyMap map) {

@@ -10,7 +10,6 @@ import collections
 import html
 import itertools
 import pathlib
-import random
 import re
 import subprocess
 import sys
@@ -133,20 +132,17 @@ GOOD = [
 
 BOMB = b'<!DOCTYPE x [<!ENTITY a "ha"><!ENTITY b "&a;&a;&a;&a;"><!ENTITY f SYSTEM "file:///etc/passwd">]>'
 WHOLE = key_map(ORDINARY)
-NOISE = random.Random(7).randbytes(5000)
 BAD = [
     # what, key map, what standard error must say
     ("missing", None, "cannot be found"),
     ("empty", b"", "line 1: it ends too early"),
     ("document type and entities", BOMB + WHOLE, "line 1: <ConversationKeyMap was expected"),
     ("document type behind the root", WHOLE.replace(b"<KeyMapping>", BOMB, 1), "line 2: <KeyMapping> was expected"),
-    ("noise behind the root", WHOLE[:60] + NOISE, "line 1"),
     ("two bytes a character", WHOLE.decode("cp1252").encode("utf-16"), "<ConversationKeyMap was expected"),
     ("no version", WHOLE.replace(b"version", b"fashion", 1), "no version"),
     ("cut in the root", WHOLE[:40], "is missing"),
-    ("cut in a text", WHOLE[:WHOLE.index(b"Rewi") + 4], "line 11: </Task> is missing"),
-    ("text behind the end", WHOLE + b"more", "text behind </ConversationKeyMap>"),
     ("end of a task missing", WHOLE.replace(b"</Task>", b"", 1), "line 7: </Task> is missing"),
+    ("text behind the end", WHOLE + b"more", "text behind </ConversationKeyMap>"),
     ("long name", key_map([], root("x" * 41)), "more than 40 characters"),
     ("long task", key_map([("M", [("1", "x" * 201)])]), "more than 200 characters"),
     ("task that no panel holds", key_map([("M", [("1" * 200, "W" * 200)])]), "too long for a panel"),

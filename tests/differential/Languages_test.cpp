@@ -1,26 +1,29 @@
-// The names and codes of languages against the system's own, and the libraries that the tests make
-// against its loader.
+// The names and codes of languages, and the reader of string tables over every library of the
+// system and those that the tests make, against the system's own.
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <map>
+#include <vector>
 
-#include "transcript/PeWriter.h"
 #include "TempFolder.h"
 #include "language/modLocalize.h"
 #include "platform/LanguagesWin32.h"
 #include "platform/LocaleTable.h"
 #include "platform/StringTableFile.h"
 #include "platform/Win32Text.h"
+#include "transcript/PeWriter.h"
 
 namespace dialwright {
 namespace {
 
-constexpr int abbreviatedLanguageName = 3;
-constexpr LCTYPE englishDisplayName = 0x72;
+namespace fs = std::filesystem;
 
 std::string DisplayName(std::int32_t language) {
+  constexpr LCTYPE englishDisplayName = 0x72;
   wchar_t name[256] = {};
   GetLocaleInfoW(static_cast<LCID>(language), englishDisplayName, name, 256);
   return NarrowText(name);
@@ -50,54 +53,111 @@ std::string Expected(const std::map<std::int32_t, std::string>& others, std::int
   return other == others.end() ? std::string(usual) : other->second;
 }
 
-TEST(LanguagesTest, CodesAndNames) {
-  LanguagesWin32 theirs;
-  for (const LocaleRow& row : Locales()) {
-    EXPECT_EQ(theirs.GetLocaleInfoA(row.id, abbreviatedLanguageName).value_or("none"),
-              Expected(otherCodes, row.id, row.code));
-    EXPECT_EQ(DisplayName(row.id), Expected(newerNames, row.id, row.name)) << row.id;
-  }
-}
-
-TEST(LanguagesTest, IdsOfCodes) {
+TEST(LanguagesTest, CodesNamesAndIds) {
   LanguagesWin32 theirs;
   int known = 0;
   for (const LocaleRow& row : Locales()) {
+    const auto code = [&](std::int32_t id) {
+      return theirs.GetLocaleInfoA(id, 3).value_or("none");
+    };
+    EXPECT_EQ(code(row.id), Expected(otherCodes, row.id, row.code));
+    EXPECT_EQ(DisplayName(row.id), Expected(newerNames, row.id, row.name)) << row.id;
     const std::int32_t id = GetLanguageId(row.code);
     if (id == 1033 && row.id != 1033) continue;
-    EXPECT_EQ(theirs.GetLocaleInfoA(id, abbreviatedLanguageName).value_or("none"),
-              Expected(otherCodes, id, row.code));
+    EXPECT_EQ(code(id), Expected(otherCodes, id, row.code));
     ++known;
   }
   EXPECT_GT(known, 40);
 }
 
-TEST(LanguagesTest, LibrariesThatTheTestsMake) {
-  const TempFolder folder;
-  const StringTable strings = {{0, u"first"},
-                                     {15, u"end of block"},
-                                     {16, u"next block"},
-                                     {1024, u"\u65E5\u672C"},
-                                     {1237, std::u16string(2000, u'x')},
-                                     {65535, u"last\r\n"}};
-  for (const PeFormat format : {PeFormat::pe32, PeFormat::pe32Plus}) {
-    for (const std::uint16_t language : std::initializer_list<std::uint16_t>{0, 1031, 1041}) {
-      const std::string bytes = MakeStringLibrary(strings, format, language);
-      folder.write("library.dll", bytes);
-      LanguagesWin32 theirs;
-      const LibraryHandle library =
-          theirs.LoadLibraryExW((folder / "library.dll").make_preferred().string(), 3);
-      ASSERT_NE(library, 0);
-      const auto ours = StringTableFile::parse(bytes);
-      ASSERT_TRUE(ours);
-      for (int number = 0; number <= 0xFFFF; ++number) {
-        ASSERT_EQ(ours->find(number).value_or(""), theirs.LoadStringW(library, number, 5000))
-            << number;
-      }
-      EXPECT_EQ(theirs.LoadStringW(library, 1237, 1200).size(), 1200u);
-      theirs.FreeLibrary(library);
-    }
+const LPWSTR stringType = MAKEINTRESOURCEW(6);
+
+/// Makes the language in which a block is read here the thread's own: the neutral one, else the
+/// first. The call for that would put a country to a language without one.
+void UseReadLanguage(HMODULE module, int block) {
+  std::vector<WORD> languages;
+  const auto collect = [](HMODULE, LPCWSTR, LPCWSTR, WORD language, LONG_PTR list) -> BOOL {
+    reinterpret_cast<std::vector<WORD>*>(list)->push_back(language);
+    return TRUE;
+  };
+  EnumResourceLanguagesW(module, stringType, MAKEINTRESOURCEW(block), collect,
+                         reinterpret_cast<LONG_PTR>(&languages));
+  if (languages.empty() || std::ranges::count(languages, WORD{0}) > 0) return;
+  const DWORD locale = languages.front();
+  __asm__ volatile("movl %0, %%gs:0x108" : : "r"(locale));
+}
+
+using Strings = std::map<int, std::string>;
+
+Strings TheirStrings(HMODULE module) {
+  Strings strings;
+  for (int number = 0; number <= 0xFFFF; ++number) {
+    if (number % 16 == 0) UseReadLanguage(module, number / 16 + 1);
+    const wchar_t* text = nullptr;
+    const int length =
+        LoadStringW(module, static_cast<UINT>(number), reinterpret_cast<LPWSTR>(&text), 0);
+    if (length > 0) strings[number] = NarrowText({text, static_cast<std::size_t>(length)});
   }
+  return strings;
+}
+
+Strings OurStrings(const StringTableFile& file) {
+  Strings strings;
+  for (int number = 0; number <= 0xFFFF; ++number) {
+    if (auto text = file.find(number)) strings[number] = *std::move(text);
+  }
+  return strings;
+}
+
+std::vector<fs::path> FilesIn(const fs::path& folder) {
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::directory_iterator(folder))
+    if (entry.is_regular_file()) files.push_back(entry.path());
+  return files;
+}
+
+TEST(LanguagesTest, EveryLibraryOfTheSystemAndOfTheTests) {
+  const TempFolder folder;
+  const StringTable made = {{0, u"first"},
+                            {15, u"end of block"},
+                            {16, u"next block"},
+                            {1024, u"\u65E5\u672C"},
+                            {1237, std::u16string(2000, u'x')},
+                            {65535, u"last\r\n"}};
+  for (const PeFormat format : {PeFormat::pe32, PeFormat::pe32Plus}) {
+    for (const auto language : std::initializer_list<std::uint16_t>{0, 1031, 1041})
+      folder.write(std::to_string(static_cast<int>(format)) + std::to_string(language) + ".dll",
+                   MakeStringLibrary(made, format, language));
+  }
+  std::vector<fs::path> files = FilesIn(folder.path);
+  ASSERT_EQ(files.size(), 6u);
+  wchar_t system[MAX_PATH] = {};
+  GetSystemDirectoryW(system, MAX_PATH);
+  for (const fs::path& path : FilesIn(system)) files.push_back(path);
+
+  LanguagesWin32 languages;
+  std::size_t libraries = 0;
+  std::size_t withStrings = 0;
+  std::size_t strings = 0;
+  for (fs::path& path : files) {
+    const std::string name = path.filename().string();
+    const LibraryHandle handle = languages.LoadLibraryExW(path.make_preferred().string(), 3);
+    const auto file = StringTableFile::parse(folder.read(path.string()));
+    EXPECT_EQ(file.has_value(), handle != 0) << name;
+    if (!file || handle == 0) continue;
+    const Strings theirs = TheirStrings(reinterpret_cast<HMODULE>(handle));
+    EXPECT_EQ(OurStrings(*file), theirs) << name;
+    if (++libraries <= 6) {
+      EXPECT_EQ(theirs.size(), made.size()) << name;
+      EXPECT_EQ(languages.LoadStringW(handle, 1237, 1200).size(), 1200u);
+    }
+    languages.FreeLibrary(handle);
+    withStrings += theirs.empty() ? 0 : 1;
+    strings += theirs.size();
+  }
+  EXPECT_GT(withStrings, 26u);
+  EXPECT_GT(strings, 136u);
+  std::printf("%zu strings of %zu libraries, out of %zu\n", strings, withStrings, libraries);
 }
 
 }  // namespace

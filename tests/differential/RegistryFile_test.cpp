@@ -5,8 +5,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <fstream>
-#include <iterator>
+#include <cstdlib>
 
 #include "Rounds.h"
 #include "TempFolder.h"
@@ -18,80 +17,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// A key of the machine's own, gone with the test.
-class RegistryFileTest : public testing::Test {
- protected:
-  RegistryFileTest() {
-    RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                    nullptr);
-  }
-  ~RegistryFileTest() override {
-    RegCloseKey(key);
-    RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
-  }
-
-  void set(const std::string& below, const std::wstring& name, DWORD type,
-           const std::string& bytes) {
-    HKEY opened = nullptr;
-    ASSERT_EQ(RegCreateKeyExA(key, below.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &opened,
-                              nullptr),
-              ERROR_SUCCESS);
-    EXPECT_EQ(
-        RegSetValueExW(opened, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                       static_cast<DWORD>(bytes.size())),
-        ERROR_SUCCESS);
-    RegCloseKey(opened);
-  }
-
-  /// What the registry editor exports of the key.
-  std::string exported() const {
-    const std::string file = (folder / "export.reg").make_preferred().string();
-    std::string line = "regedit /E \"" + file + "\" \"HKEY_LOCAL_MACHINE\\" + path + "\"";
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION started{};
-    EXPECT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                               &startup, &started));
-    WaitForSingleObject(started.hProcess, 60'000);
-    CloseHandle(started.hProcess);
-    CloseHandle(started.hThread);
-    return folder.read("export.reg");
-  }
-
-  struct Answer {
-    long result = 0;
-    std::uint32_t type = 0;
-    std::string bytes;
-    bool operator==(const Answer&) const = default;
-    friend void PrintTo(const Answer& answer, std::ostream* out) {
-      *out << answer.result << ", type " << answer.type << ", " << Visible(answer.bytes);
-    }
-  };
-
-  Answer ask(Registry& registry, const std::string& below, std::string_view name) const {
-    RegistryKey opened = RegistryKey::none;
-    Answer answer;
-    answer.result =
-        registry.RegOpenKeyExA(RegistryKey::localMachine, path + below, 0, 131097, opened);
-    if (answer.result != registrySuccess) return answer;
-    std::vector<std::byte> buffer(4096);
-    std::uint32_t size = 0;
-    answer.result = registry.RegQueryValueExA(opened, name, answer.type, buffer, size);
-    if (answer.result == registrySuccess)
-      answer.bytes.assign(reinterpret_cast<const char*>(buffer.data()), size);
-    registry.RegCloseKey(opened);
-    return answer;
-  }
-
-  const std::string path = "Software\\Dialwright tests";
-  HKEY key = nullptr;
-  TempFolder folder;
-};
-
-std::string WideBytes(std::string_view utf8) {
-  const std::wstring wide = WideText(utf8);
-  return {reinterpret_cast<const char*>(wide.data()), 2 * wide.size()};
-}
+const std::string path = "Software\\Dialwright tests";
 
 struct Value {
   std::string key;
@@ -100,60 +26,80 @@ struct Value {
   std::string bytes;
 };
 
-std::vector<Value> Values(Dice& dice) {
+std::string WideBytes(std::string_view utf8) {
+  const std::wstring wide = WideText(utf8);
+  return {reinterpret_cast<const char*>(wide.data()), 2 * wide.size()};
+}
+
+Value AnyValue(Dice& dice, int number) {
   const std::string keys[] = {"", "\\Quillon", "\\Quillon\\Telhost\\1.0", "\\Brackets [1] ]",
                               "\\Blank key "};
   constexpr std::string_view characters = "AZaz09 \\\\\"';=[]@,-\t#%";
   const std::string beyond[] = {"", "", "\u00E4", "\u20AC", "\u00FF\u0152"};
-  std::vector<Value> values;
-  for (int i = 0; i < Rounds(300); ++i) {
-    Value value;
-    value.key = dice.oneOf(keys);
-    value.name = i % 20 == 0 ? "" : "v" + std::to_string(i) + dice.text(characters, 12);
+  const DWORD types[] = {REG_SZ,       REG_SZ,   REG_EXPAND_SZ, REG_BINARY,           REG_DWORD,
+                         REG_MULTI_SZ, REG_NONE, REG_QWORD,     REG_DWORD_BIG_ENDIAN, 0x12345};
+  Value value{dice.oneOf(keys), "", dice.oneOf(types), ""};
+  if (number % 20 != 0) value.name = "v" + std::to_string(number) + dice.text(characters, 12);
+  if (value.type == REG_SZ || value.type == REG_EXPAND_SZ || value.type == REG_MULTI_SZ) {
     const std::string text = dice.text(characters, dice.oneIn(5) ? 400 : 30) + dice.oneOf(beyond);
-    const std::string wide = WideBytes(text);
-    const DWORD types[] = {REG_SZ,       REG_SZ,   REG_EXPAND_SZ, REG_BINARY,           REG_DWORD,
-                           REG_MULTI_SZ, REG_NONE, REG_QWORD,     REG_DWORD_BIG_ENDIAN, 0x12345};
-    value.type = dice.oneOf(types);
-    switch (value.type) {
-      case REG_SZ:
-      case REG_EXPAND_SZ:
-        value.bytes = wide + "\0\0"s;
-        break;
-      case REG_MULTI_SZ:
-        value.bytes = wide + "\0\0"s + WideBytes("second\\") + "\0\0\0\0"s;
-        break;
-      case REG_DWORD:
-        value.bytes = dice.text("\x01\x7F\x80\xFF", 0) + dice.text("x", 0);
-        for (int b = 0; b < 4; ++b) value.bytes += static_cast<char>(dice.below(256));
-        break;
-      default:
-        for (std::size_t b = dice.below(60); b > 0; --b)
-          value.bytes += static_cast<char>(dice.below(256));
-    }
-    values.push_back(value);
+    value.bytes = WideBytes(text) + "\0\0"s;
+    if (value.type == REG_MULTI_SZ) value.bytes += WideBytes("second\\") + "\0\0\0\0"s;
+  } else {
+    for (std::size_t b = value.type == REG_DWORD ? 4 : dice.below(60); b > 0; --b)
+      value.bytes += static_cast<char>(dice.below(256));
   }
-  return values;
+  return value;
 }
 
-TEST_F(RegistryFileTest, ExportedByTheRegistryEditor) {
+/// Puts a value into a key of the machine's own.
+void Set(const Value& value) {
+  HKEY key = nullptr;
+  ASSERT_EQ(RegCreateKeyExA(HKEY_LOCAL_MACHINE, (path + value.key).c_str(), 0, nullptr, 0,
+                            KEY_ALL_ACCESS, nullptr, &key, nullptr),
+            ERROR_SUCCESS);
+  EXPECT_EQ(RegSetValueExW(key, WideText(value.name).c_str(), 0, value.type,
+                           reinterpret_cast<const BYTE*>(value.bytes.data()),
+                           static_cast<DWORD>(value.bytes.size())),
+            ERROR_SUCCESS);
+  RegCloseKey(key);
+}
+
+/// What a registry answers for a value, as a reader of a report can see it.
+std::string Ask(Registry& registry, const std::string& below, std::string_view name) {
+  RegistryKey opened = RegistryKey::none;
+  long result = registry.RegOpenKeyExA(RegistryKey::localMachine, path + below, 0, 131097, opened);
+  if (result != registrySuccess) return "no key: " + std::to_string(result);
+  std::vector<std::byte> buffer(4096);
+  std::uint32_t type = 0;
+  std::uint32_t size = 0;
+  result = registry.RegQueryValueExA(opened, name, type, buffer, size);
+  registry.RegCloseKey(opened);
+  if (result != registrySuccess) return "no value: " + std::to_string(result);
+  return "type " + std::to_string(type) + " " +
+         Visible({reinterpret_cast<const char*>(buffer.data()), size});
+}
+
+TEST(RegistryFileTest, ExportedByTheRegistryEditor) {
   Dice dice(3);
-  const std::vector<Value> values = Values(dice);
-  for (const Value& value : values) {
-    const std::string below = value.key.empty() ? "" : value.key.substr(1);
-    set(below, WideText(value.name), value.type, value.bytes);
-  }
+  std::vector<Value> values;
+  for (int i = 0; i < Rounds(300); ++i) values.push_back(AnyValue(dice, i));
+  for (const Value& value : values) Set(value);
+  const TempFolder folder;
+  const std::string file = (folder / "export.reg").make_preferred().string();
+  const std::string command =
+      "start /wait regedit /E \"" + file + "\" \"HKEY_LOCAL_MACHINE\\" + path + "\"";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+
   RegistryWin32 theirs;
-  const std::string bytes = exported();
-  ASSERT_GT(bytes.size(), 1000u);
   MemoryRegistry ours;
-  readRegistryFile(bytes, ours);
+  readRegistryFile(folder.read("export.reg"), ours);
   for (const Value& value : values) {
-    EXPECT_EQ(ask(ours, value.key, value.name), ask(theirs, value.key, value.name))
+    EXPECT_EQ(Ask(ours, value.key, value.name), Ask(theirs, value.key, value.name))
         << " [" << value.key << "] " << value.name;
   }
-  EXPECT_EQ(ask(ours, "", "not there"), ask(theirs, "", "not there"));
-  EXPECT_EQ(ask(ours, "\\not there", "v"), ask(theirs, "\\not there", "v"));
+  EXPECT_EQ(Ask(ours, "", "not there"), Ask(theirs, "", "not there"));
+  EXPECT_EQ(Ask(ours, "\\not there", "v"), Ask(theirs, "\\not there", "v"));
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
   std::printf("%zu values\n", values.size());
 }
 

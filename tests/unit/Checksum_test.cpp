@@ -1,4 +1,8 @@
+#include "scripts/Checksum.h"
+
 #include <gtest/gtest.h>
+
+#include <limits>
 
 #include "platform/ScriptChecksumComponent.h"
 
@@ -25,6 +29,11 @@ TEST(ChecksumTest, LinesAndWhatIsLeftOut) {
       {"#CR", -207538025},
   };
   for (const auto& [bytes, checksum] : cases) EXPECT_EQ(scriptChecksum(bytes), checksum) << bytes;
+}
+
+TEST(ChecksumTest, TheTextHasAPlaceForTheSign) {
+  EXPECT_EQ(strChecksumText(0), " 0");
+  EXPECT_EQ(strChecksumText(std::numeric_limits<std::int32_t>::min()), "-2147483648");
 }
 
 }  // namespace dialwright

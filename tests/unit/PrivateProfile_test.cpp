@@ -28,14 +28,11 @@ TEST_F(PrivateProfileTest, Reading) {
   const std::pair<std::string, std::string> cases[] = {
       {"[MACROS]\nK= \" 1 \" \t\n", " 1 "},
       {"[macros]\r \tk\t = \t'12'\t\rL=2", "12"},
-      {"[MACROS]\r\nK=\"\r\n", "\""},
       {"[MACROS]\r\nK=\"1'\r\n", "\"1'"},
       {"[MACROS]\r\nK=1=2;3\r\nk=2\r\n", "1=2;3"},
       {"[MACROS]\r\n;K=1\r\nK\r\nKK=2\r\nK =3\r\n", "3"},
       {"  [MACROS] ]K=9\r\nK=1", "1"},
-      {"[MACROS]\r\nL=1\r\n[MACROS]\r\nK=2\r\n", "(default)"},
       {"[OTHER]\r\nK=1\r\n[MACROS]\r\n [OTHER\r\nK=2\r\n", "2"},  // the last one does not end
-      {"x[MACROS]\r\nK=1", "(default)"},
       {"[MACROS]\nK=a\0b\x01\xE4\x80\n"s, "a\0b\x01\xC3\xA4\xE2\x82\xAC"s},
       {"\xFF\xFE[MACROS]\nK=1", "(default)"},
   };

@@ -3,29 +3,19 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <tuple>
+
+#include "../support/FailureNumber.h"
 #include "../support/TempFolder.h"
-#include "platform/ClockWin32.h"
-#include "platform/Failure.h"
 #include "platform/HelpViewerWin32.h"
 #include "platform/LanguagesWin32.h"
 #include "platform/ProcessesWin32.h"
 #include "platform/RegistryWin32.h"
 #include "platform/Win32Text.h"
-#include "transcript/World.h"
 #include "text/CodePageWin32.h"
 
 namespace dialwright {
 namespace {
-
-int FailureOf(std::string_view line, std::string_view folder) {
-  ProcessesWin32 processes;
-  try {
-    processes.Shell(line, WindowState::hidden, folder);
-  } catch (const RuntimeFailure& failure) {
-    return failure.number;
-  }
-  return 0;
-}
 
 bool AppearsWithin(const std::filesystem::path& file, int milliseconds) {
   for (; milliseconds > 0 && !std::filesystem::exists(file); milliseconds -= 20) Sleep(20);
@@ -33,54 +23,40 @@ bool AppearsWithin(const std::filesystem::path& file, int milliseconds) {
 }
 
 TEST(ProcessesWin32Test, StartsInTheFolderAndWaitsForNothing) {
-  const TempFolder folder;
-  std::filesystem::create_directories(folder / "a b");
-  const std::string place = (folder / "a b").make_preferred().string();
-  EXPECT_EQ(FailureOf("cmd /c echo started>mark.txt", place), 0);
-  EXPECT_TRUE(AppearsWithin(folder / "a b/mark.txt", 20'000));
-
-  const ULONGLONG start = GetTickCount64();
-  EXPECT_EQ(FailureOf("cmd /c ping -n 3 127.0.0.1 >nul & echo late>late.txt", place), 0);
-  EXPECT_LT(GetTickCount64() - start, 1'500u);
-}
-
-TEST(ProcessesWin32Test, TellsTheWindowState) {
-  const std::string line = "\"" DIALWRIGHT_STARTED_PROGRAM "\" 1 2";
+  ProcessesWin32 processes;
   const std::pair<WindowState, const char*> cases[] = {{WindowState::hidden, "0"},
                                                        {WindowState::minimizedFocus, "2"}};
   for (const auto& [state, told] : cases) {
     const TempFolder folder;
-    ProcessesWin32 processes;
-    processes.Shell(line, state, folder.path.string());
-    ASSERT_TRUE(AppearsWithin(folder / "state", 20'000));
-    EXPECT_EQ(folder.read("state"), told);
+    folder.write("a b/here", "");
+    processes.Shell("\"" DIALWRIGHT_STARTED_PROGRAM "\" 1 2", state,
+                    (folder / "a b").make_preferred().string());
+    ASSERT_TRUE(AppearsWithin(folder / "a b/state", 20'000));
+    EXPECT_EQ(folder.read("a b/state"), told);
   }
+  const ULONGLONG start = GetTickCount64();
+  processes.Shell("cmd /c ping -n 3 127.0.0.1 >nul", WindowState::hidden, "");
+  EXPECT_LT(GetTickCount64() - start, 1'500u);
 }
 
 TEST(ProcessesWin32Test, Failures) {
   const TempFolder folder;
   folder.write("text.exe", "no program");
-  const std::string place = folder.path.string();
-  EXPECT_EQ(FailureOf("no-such-program -classpath \"x\"", place), 53);
-  EXPECT_EQ(FailureOf("\"" + (folder / "text.exe").make_preferred().string() + "\"", place), 5);
-  EXPECT_EQ(FailureOf("", place), 5);
-  EXPECT_EQ(FailureOf(" \t", place), 5);
-  EXPECT_EQ(FailureOf("cmd /c exit", (folder / "nowhere").make_preferred().string()), 76);
-}
-
-TEST(ClockWin32Test, NowAndTheZone) {
-  ClockWin32 clock;
-  const auto now = clock.SystemTimeToFileTime(clock.Now());
-  ASSERT_TRUE(now);
-  FILETIME utc{};
-  GetSystemTimeAsFileTime(&utc);
-  const FileTime expected = FileTime{utc.dwHighDateTime} << 32 | utc.dwLowDateTime;
-  const auto converted = clock.LocalFileTimeToFileTime(*now);
-  ASSERT_TRUE(converted);
-  constexpr FileTime second = 10'000'000;
-  EXPECT_LT(expected > *converted ? expected - *converted : *converted - expected, 5 * second);
-  EXPECT_EQ(clock.SystemTimeToFileTime({-1, 1, 1, 0, 0, 0, 0}), std::nullopt);
-  EXPECT_EQ(clock.SystemTimeToFileTime({70'000, 1, 1, 0, 0, 0, 0}), std::nullopt);
+  const std::string place = (folder / ".").make_preferred().string();
+  const std::tuple<int, std::string, std::string> cases[] = {
+      {53, "no-such-program -classpath \"x\"", place},
+      {5, "\"" + place + "\\text.exe\"", place},
+      {5, "", place},
+      {5, " \t", place},
+      {76, "cmd /c exit", place + "\\nowhere"},
+  };
+  ProcessesWin32 processes;
+  for (const auto& row : cases) {
+    const auto start = [&] {
+      processes.Shell(std::get<1>(row), WindowState::hidden, std::get<2>(row));
+    };
+    EXPECT_EQ(FailureNumber(start), std::get<0>(row)) << std::get<1>(row);
+  }
 }
 
 /// A key of the machine's own among those of 32-bit programs, gone with the test.
@@ -108,36 +84,20 @@ TEST(RegistryWin32Test, KeysOf32BitProgramsAreFoundToo) {
             registryNotFound);
 }
 
-TEST(RegistryWin32Test, BuffersThatAreTooSmall) {
-  WorldRegistry registry;
-  registry.set("SOFTWARE\\X", "v", {1, std::string("abc\0", 4)});
-  RegistryKey key = RegistryKey::none;
-  ASSERT_EQ(registry.RegOpenKeyExA(RegistryKey::localMachine, "SOFTWARE\\X\\", 0, 131097, key),
-            registrySuccess);
-  std::uint32_t type = 0;
-  std::uint32_t size = 0;
-  std::byte buffer[4] = {};
-  EXPECT_EQ(registry.RegQueryValueExA(key, "V", type, buffer, size), registrySuccess);
-  EXPECT_EQ(size, 4u);
-  EXPECT_EQ(registry.RegQueryValueExA(key, "v", type, std::span(buffer).first(3), size),
-            registryMoreData);
-  EXPECT_EQ(registry.RegQueryValueExA(key, "v", type, {}, size), registryMoreData);
-  EXPECT_EQ(registry.RegQueryValueExA(key, "w", type, buffer, size), registryNotFound);
-  registry.RegCloseKey(key);
-}
-
 TEST(CodePageWin32Test, OtherPagesThanTheUsualOne) {
   constexpr unsigned japanese = 932;
-  constexpr unsigned central = 1250;
   const std::string keys = "\u30AD\u30FC a";
-  EXPECT_EQ(Utf8ToCodePage(japanese, keys), "\x83\x4C\x81\x5B a");
-  EXPECT_EQ(CodePageToUtf8(japanese, "\x83\x4C\x81\x5B a"), keys);
+  const std::tuple<unsigned, std::string, std::string> cases[] = {
+      {japanese, keys, "\x83\x4C\x81\x5B a"},
+      {japanese, "", ""},
+      {1250, "\u0105", "\xB9"},
+      {CP_UTF8, keys, keys},
+  };
+  for (const auto& [page, utf8, bytes] : cases) {
+    EXPECT_EQ(Utf8ToCodePage(page, utf8), bytes);
+    EXPECT_EQ(CodePageToUtf8(page, bytes), utf8);
+  }
   EXPECT_EQ(Utf8ToCodePage(japanese, "\u00E4"), "?");
-  EXPECT_EQ(CodePageToUtf8(central, "\xB9"), "\u0105");
-  EXPECT_EQ(Utf8ToCodePage(CP_UTF8, keys), keys);
-  EXPECT_EQ(CodePageToUtf8(CP_UTF8, keys), keys);
-  EXPECT_EQ(CodePageToUtf8(japanese, ""), "");
-  EXPECT_EQ(Utf8ToCodePage(japanese, ""), "");
 }
 
 TEST(LanguagesWin32Test, WhatIsNotThere) {

@@ -5,44 +5,31 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <tuple>
+#include <utility>
 
 #include "transcript/PeWriter.h"
 
 namespace dialwright {
-
 
 static std::optional<std::string> Find(const std::string& library, int number) {
   const auto file = StringTableFile::parse(library);
   return file ? file->find(number) : std::nullopt;
 }
 
-TEST(StringTableFile, FindsTextsByNumberInBothFormats) {
+TEST(StringTableFile, FindsTextsOfTheNeutralLanguageOrElseTheFirst) {
   const char16_t halves[] = {u'a', 0xd83d, u'b', 0xde00, 0};
-  const std::tuple<int, std::u16string, std::string> texts[] = {
-      {0, u"first", "first"},           {15, u"end of a block", "end of a block"},
-      {16, u"the next", "the next"},    {1041, u" \u00dcber \U0001f4de ", " \u00dcber \U0001f4de "},
-      {1042, halves, "a\ufffdb\ufffd"}, {1200, std::u16string(1200, u'x'), std::string(1200, 'x')},
-      {65535, u"last", "last"},
-  };
-  StringTable strings;
-  for (const auto& [number, utf16, utf8] : texts) strings[number] = utf16;
-  for (const auto format : {PeFormat::pe32, PeFormat::pe32Plus}) {
-    const std::string library = MakeStringLibrary(strings, format, 0x407);
-    for (const auto& [number, utf16, utf8] : texts) EXPECT_EQ(Find(library, number), utf8);
-    for (const int number : {1, 17, 5000, -1, -16, 65536})
-      EXPECT_EQ(Find(library, number), std::nullopt) << number;
-  }
-}
-
-TEST(StringTableFile, TakesTheNeutralLanguageOrElseTheFirst) {
   const std::string library =
-      MakeStringLibrary({{0x407, {{1000, u"Taste"}, {1016, u"Ansage"}}},
-                         {0x40c, {{1000, u"touche"}, {1016, u"message"}, {1032, u"appel"}}},
-                         {0, {{1000, u"key"}}}});
-  EXPECT_EQ(Find(library, 1000), "key");
-  EXPECT_EQ(Find(library, 1016), "Ansage");
-  EXPECT_EQ(Find(library, 1032), "appel");
+      MakeStringLibrary({{0x407, {{1000, u"Taste"}, {1016, u"Ansage \U0001f4de "}}},
+                         {0x40c, {{1000, u"touche"}, {1016, u"message"}, {65535, u"appel"}}},
+                         {0, {{0, u"first"}, {1000, u"key"}, {1002, halves}}}});
+  const std::pair<int, std::string> texts[] = {{0, "first"},
+                                               {1000, "key"},
+                                               {1002, "a\ufffdb\ufffd"},
+                                               {1016, "Ansage \U0001f4de "},
+                                               {65535, "appel"}};
+  for (const auto& [number, text] : texts) EXPECT_EQ(Find(library, number), text) << number;
+  for (const int number : {1, 1001, 1003, 5000, -1, -16, 65536})
+    EXPECT_EQ(Find(library, number), std::nullopt) << number;
 }
 
 // Where the writer puts what a damaged library would have wrong.

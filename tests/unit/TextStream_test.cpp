@@ -38,15 +38,23 @@ TEST_F(TextStreamTest, Lines) {
   }
 }
 
-TEST_F(TextStreamTest, ReadingOnFromWhereItStands) {
+TEST_F(TextStreamTest, ReadingOnAndFailures) {
+  const auto open = [&](IOMode mode, bool create) {
+    return files.OpenTextFile(path, mode, create, TextFormat::systemDefault);
+  };
+  EXPECT_EQ(FailureNumber([&] { open(IOMode::appending, false); }), 53);
+  EXPECT_TRUE(open(IOMode::reading, true)->AtEndOfStream());
   store.put(path, "one\r\ntwo\r\nthree\n");
-  const auto stream = files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
+  const auto stream = open(IOMode::reading, false);
   EXPECT_EQ(stream->ReadLine(), "one");
   EXPECT_EQ(stream->ReadAll(), "two\r\nthree\n");
   EXPECT_EQ(FailureNumber([&] { stream->ReadLine(); }), 62);
   EXPECT_EQ(FailureNumber([&] { stream->Write("x"); }), 54);
   stream->Close();
   EXPECT_EQ(FailureNumber([&] { stream->ReadLine(); }), 52);
+  EXPECT_EQ(FailureNumber([&] { files.CreateTextFile(path, false, false); }), 58);
+  EXPECT_EQ(FailureNumber([&] { files.CreateTextFile(path, true, true)->ReadLine(); }), 54);
+  EXPECT_EQ(store.bytes(path), "\xFF\xFE");
 }
 
 TEST_F(TextStreamTest, WritingInEveryFormat) {
@@ -68,17 +76,6 @@ TEST_F(TextStreamTest, WritingInEveryFormat) {
     EXPECT_EQ(store.bytes(path), after);
     EXPECT_EQ(FailureNumber([&] { stream->Write("x"); }), 52);
   }
-}
-
-TEST_F(TextStreamTest, MakingFiles) {
-  const auto open = [&](IOMode mode, bool create) {
-    return FailureNumber([&] { files.OpenTextFile(path, mode, create, TextFormat::ansi); });
-  };
-  EXPECT_EQ(open(IOMode::appending, false), 53);
-  EXPECT_EQ(open(IOMode::reading, true), 0);
-  EXPECT_EQ(FailureNumber([&] { files.CreateTextFile(path, false, false); }), 58);
-  EXPECT_EQ(FailureNumber([&] { files.CreateTextFile(path, true, true)->ReadLine(); }), 54);
-  EXPECT_EQ(store.bytes(path), "\xFF\xFE");
 }
 
 }  // namespace dialwright

@@ -1,6 +1,8 @@
 #include "WindowTest.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QTableView>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -15,16 +17,19 @@ namespace dialwright {
 const std::vector<std::string> keyRefused{
     "msgbox OK \"Key assignments can only consist of digits from 0-9 or the # and * keys\""};
 
-WindowTest::WindowTest(const std::string& server)
+WindowTest::WindowTest()
     : world(printer), form(*world.program.main), user(world.program), window(user.mainWindow()) {
   namespace fs = std::filesystem;
-  const fs::path image = fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox" / server;
+  const fs::path image = fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox/merid-7.0-2.0";
   fs::copy(image / "drive_c", world.hostPath("C:\\"),
            fs::copy_options::recursive | fs::copy_options::overwrite_existing);
   for (const auto& file : fs::recursive_directory_iterator(world.hostPath("C:\\")))
     fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
   std::ifstream registry(image / "server.reg", std::ios::binary);
   readRegistryFile(std::string{std::istreambuf_iterator<char>(registry), {}}, world.registry);
+  for (const QTableView* grid : window.findChildren<QTableView*>())
+    new QAbstractItemModelTester(grid->model(),
+                                 QAbstractItemModelTester::FailureReportingMode::Fatal, &window);
   Form_Load(form);
   user.started();
 }

@@ -15,7 +15,7 @@ namespace dialwright {
 /// current, and its box has the focus.
 class WindowTest : public testing::Test {
  protected:
-  explicit WindowTest(const std::string& server = "merid-7.0-2.0");
+  WindowTest();
 
   template <class Widget>
   Widget& widget(const std::string& name) {

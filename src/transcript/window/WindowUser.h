@@ -1,8 +1,8 @@
 #pragma once
 
 #include "desktop/MainWindow.h"
-#include "transcript/User.h"
 #include "shell/frmMain.h"
+#include "transcript/User.h"
 
 class QAction;
 class QMenu;

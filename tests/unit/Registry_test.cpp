@@ -1,5 +1,3 @@
-#include "platform/RegistryFile.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -7,8 +5,12 @@
 #include <tuple>
 #include <utility>
 
+#include "../support/FailureNumber.h"
+#include "platform/RegistryFile.h"
+#include "server/MeridVersion.h"
 #include "server/RegistryAPI.h"
 #include "text/Ansi.h"
+#include "transcript/World.h"
 
 namespace dialwright {
 
@@ -70,35 +72,68 @@ TEST(RegistryFileTest, TextsInHexAreWideInVersion5Only) {
   EXPECT_EQ(Query(registry, "four", "e"), (Value{2, "%\x80\0"s}));
 }
 
-TEST(RegistryFileTest, WhatCannotBeUnderstoodIsPassedOver) {
+TEST(RegistryFileTest, RemovalsAndWhatCannotBeUnderstood) {
   MemoryRegistry registry;
   readRegistryFile(
       "\"before any key\"=\"x\"\n[hkey_local_machine\\a]\n"
       "[HKEY_CURRENT_USER\\a]\n\"v\"=\"1\"\n"
       "[HKEY_LOCAL_MACHINEX\\a]\n\"v\"=\"1\"\n"
       "[HKEY_LOCAL_MACHINE\\no end\n\"v\"=\"1\"\n"
-      "[hkey_local_machine\\a]\n"
+      "[hkey_local_machine\\a\\b]\n\"w\"=dword:2\n\"r\"=dword:1\n\"R\"=-\n"
       "\"d\"=dword:xyz\n\"d2\"=dword:\n\"d3\"=dword:123456789\n\"h\"=hex:1,zz\n\"h2\"=hex(:00\n"
       "\"h3\"=hex:100\n\"h4\"=hexx:00\n\"q\"=\"not closed\n\"ok\"=dword:1\n\"n\" \"v\"\n"
-      "\"name\nrest",
+      "[HKEY_LOCAL_MACHINE\\x\\y]\n[HKEY_LOCAL_MACHINE\\xy]\n"
+      "[-HKEY_LOCAL_MACHINE\\X]\n\"z\"=dword:1\n\"name\nrest",
       registry);
-  for (const std::string_view name : {"d", "d2", "d3", "h", "h2", "h3", "h4", "n", "name", "v"})
-    EXPECT_EQ(Query(registry, "a", name), std::nullopt) << name;
-  EXPECT_FALSE(KeyExists(registry, "no end"));
-  EXPECT_FALSE(KeyExists(registry, "\\a"));
+  for (const std::string_view name : {"r", "d", "d2", "d3", "h", "h2", "h3", "h4", "n", "name"})
+    EXPECT_EQ(Query(registry, "a\\b", name), std::nullopt) << name;
+  EXPECT_EQ(Query(registry, "a", "v"), std::nullopt);
+  EXPECT_EQ(Query(registry, "a\\b", "w"), (Value{4, "\x02\0\0\0"s}));
+  for (const std::string path : {"A\\B\\", "a", "xy"}) EXPECT_TRUE(KeyExists(registry, path));
+  for (const std::string path : {"x", "x\\y", "no end", "\\a"})
+    EXPECT_FALSE(KeyExists(registry, path));
 }
 
-TEST(RegistryFileTest, RemovalsAndKeysWithoutValues) {
-  MemoryRegistry registry;
-  readRegistryFile(
-      "[HKEY_LOCAL_MACHINE\\a\\b]\n\"v\"=dword:1\n\"w\"=dword:2\n\"V\"=-\n"
-      "[HKEY_LOCAL_MACHINE\\x\\y]\n[HKEY_LOCAL_MACHINE\\xy]\n"
-      "[-HKEY_LOCAL_MACHINE\\X]\n\"z\"=dword:1\n",
-      registry);
-  EXPECT_EQ(Query(registry, "a\\b", "v"), std::nullopt);
-  EXPECT_EQ(Query(registry, "a\\b", "w"), (Value{4, "\x02\0\0\0"s}));
-  for (const std::string path : {"A\\B\\", "a", "xy", "x", "x\\y"})
-    EXPECT_EQ(KeyExists(registry, path), path != "x" && path != "x\\y") << path;
+struct RegistryTest : testing::Test {
+  Printer printer;
+  World world{printer};
+};
+
+TEST_F(RegistryTest, ReadsHexadecimalDigitsAsDecimalOnes) {
+  const std::tuple<std::uint32_t, std::uint32_t, const char*> cases[] = {
+      {0x00040002, 0x00000014, "4.2(0.20)"},     {0x000400A1, 0x00000010, "4.0(0.16)"},
+      {0x00040010, 0x00040065, "4.10(4.101)"},   {0x00040002, 0x0000FFFF, "4.2(0.-1)"},
+      {0x001A0000, 0x00008000, "1.0(0.-32768)"}, {0xFFFF9999, 0x99990000, "0.9999(9999.0)"},
+  };
+  for (const auto& [version, build, text] : cases) {
+    const std::string key = "Software\\Quillon";
+    world.registry.set(key, "Version Number", RegistryValue::doubleWord(version));
+    world.registry.set(key, "Build Number", RegistryValue::doubleWord(build));
+    EXPECT_EQ(world.program.server.getVersion().strVersion, text);
+  }
+}
+
+TEST_F(RegistryTest, RegistryValuesOfOddSizes) {
+  const auto read = [this](std::int16_t type, RegistryValue value) {
+    world.registry.set("SOFTWARE\\X", "v", std::move(value));
+    return GetRegistryValue(world.registry, RegistryKey::localMachine, "SOFTWARE\\X", "v", type,
+                            std::string("default"));
+  };
+  const std::string longest(1023, 'a');
+  const auto text = [](const RegistryResult& result) { return std::get<std::string>(result); };
+  EXPECT_EQ(text(read(registryString, {1, longest + 'a'})), longest);
+  EXPECT_EQ(text(read(registryString, {1, longest + "aa"})), "default");
+  EXPECT_EQ(text(read(registryString, {1, "a"})), "");
+  EXPECT_EQ(FailureNumber([&] { read(registryString, {1, ""}); }), 5);
+  EXPECT_EQ(text(read(registryDoubleWord, {3, "abcde"})), "default");
+  EXPECT_EQ(std::get<std::vector<std::byte>>(read(registryBinary, {3, "abcde"})).size(), 5U);
+  EXPECT_EQ(FailureNumber([&] { read(2, {3, "abcde"}); }), 1001);
+
+  RegistryKey key = RegistryKey::none;
+  world.registry.RegOpenKeyExA(RegistryKey::localMachine, "SOFTWARE\\X\\", 0, 131097, key);
+  std::uint32_t type = 0, size = 0;
+  EXPECT_EQ(world.registry.RegQueryValueExA(key, "V", type, {}, size), registryMoreData);
+  world.registry.RegCloseKey(key);
 }
 
 }  // namespace dialwright

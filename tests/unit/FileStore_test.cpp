@@ -1,0 +1,102 @@
+// What the files of every system have to be; what is a system's own stands in a file of its own.
+
+#include "platform/FileStore.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <thread>
+
+#include "../support/FailureNumber.h"
+#include "transcript/World.h"
+
+namespace dialwright {
+
+namespace fs = std::filesystem;
+
+struct FileStoreTest : testing::Test {
+  Printer printer;
+  World world{printer};
+  FileStore& store = world.disk;
+};
+
+TEST_F(FileStoreTest, KindsStampsAndNames) {
+  constexpr std::string_view file = R"(C:\f\b.txt)";
+  world.makeFile(file, "12345");
+  for (const auto path : {R"(C:\f\C.txt)", R"(C:\f\d\e.txt)"}) world.makeFile(path, "");
+  EXPECT_EQ(store.kind(R"(C:\F\B.TXT)"), FileStore::Kind::file);
+  EXPECT_EQ(store.kind(R"(C:\f\)"), FileStore::Kind::folder);
+  EXPECT_EQ(store.kind(R"(C:\f\b.txt\c)"), FileStore::Kind::none);
+  for (const auto path : {R"(C:\f)", R"(C:\F\)"})
+    EXPECT_EQ(store.fileNames(path), (std::vector<std::string>{"b.txt", "C.txt"}));
+
+  const std::optional<FileStamp> before = store.stamp(file);
+  ASSERT_TRUE(before);
+  EXPECT_EQ(store.stamp(R"(C:\f\B.txt)"), before);
+  [[maybe_unused]] const auto time = fs::last_write_time(world.hostPath(file));
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  world.makeFile(file, "54321");
+#ifndef _WIN32
+  fs::last_write_time(world.hostPath(file), time);  // as a tool that keeps times does
+#endif
+  EXPECT_NE(store.stamp(file), before);
+  EXPECT_EQ(store.stamp(R"(C:\f)"), std::nullopt);
+}
+
+TEST_F(FileStoreTest, ReadingAndWriting) {
+  store.createFolder(R"(C:\f)");
+  const std::string bytes = std::string("a\0\r\n\xFF", 5) + std::string(100'000, 'x');
+  const auto write = [&](FileStore::Opening opening, std::string_view text) {
+    const auto file = store.open(R"(C:\F\new.bin)", opening, true);
+    file->write(text);
+    file->close();
+  };
+  write(FileStore::Opening::truncate, bytes + "old text");
+  write(FileStore::Opening::truncate, bytes);
+  EXPECT_EQ(store.read(R"(C:\f\NEW.BIN)"), bytes);
+  write(FileStore::Opening::append, "more");
+  EXPECT_EQ(store.read(R"(C:\f\new.bin)"), bytes + "more");
+}
+
+TEST_F(FileStoreTest, FailuresAreTheClassicOnes) {
+  constexpr std::string_view file = R"(C:\f\a.txt)", folder = R"(C:\f)",
+                             locked = R"(C:\f\locked.txt)", noFile = R"(C:\f\b.txt)",
+                             noFolder = R"(C:\g\b.txt)";
+  world.makeFile(file, "a");
+  world.makeFile(locked, "l");
+  fs::permissions(world.hostPath(locked), fs::perms(0444));
+  const auto open = [&](std::string_view path, bool create) {
+    store.open(path, FileStore::Opening::truncate, create);
+  };
+  const std::pair<int, std::function<void()>> cases[] = {
+      {53, [&] { store.read(noFile); }},
+      {76, [&] { store.read(noFolder); }},
+      {75, [&] { store.read(folder); }},
+      {53, [&] { open(noFile, false); }},
+      {76, [&] { open(noFolder, true); }},
+      {75, [&] { open(folder, true); }},
+      {70, [&] { open(locked, true); }},
+      {53, [&] { store.replace(noFile, "x"); }},
+      {75, [&] { store.replace(folder, "x"); }},
+      {70, [&] { store.replace(locked, "x"); }},
+      {53, [&] { store.copy(noFile, R"(C:\f\c.txt)", true); }},
+      {76, [&] { store.copy(file, noFolder, true); }},
+      {70, [&] { store.copy(file, locked, true); }},
+      {58, [&] { store.copy(file, R"(C:\f\A.TXT)", false); }},
+      {53, [&] { store.remove(noFile, true); }},
+      {53, [&] { store.remove(folder, true); }},
+      {70, [&] { store.remove(locked, false); }},
+      {58, [&] { store.createFolder(R"(C:\F)"); }},
+      {76, [&] { store.createFolder(R"(C:\g\h)"); }},
+      {76, [&] { store.fileNames(R"(C:\g)"); }},
+  };
+  for (const auto& row : cases)
+    EXPECT_EQ(FailureNumber(row.second), row.first) << "in row " << &row - cases;
+  EXPECT_EQ(store.read(file) + store.read(locked), "al");
+  EXPECT_EQ(store.fileNames(folder).size(), 2U) << "a failure left something behind";
+  store.remove(R"(C:\f\LOCKED.txt)", true);
+  EXPECT_EQ(store.fileNames(folder).size(), 1U);
+}
+
+}  // namespace dialwright
