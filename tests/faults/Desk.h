@@ -3,18 +3,20 @@
 #include <span>
 #include <string_view>
 
-#include "FaultyFiles.h"
+#include "Server.h"
 #include "platform/FileLanguages.h"
 #include "platform/RegistryFile.h"
-#include "transcript/World.h"
+#include "platform/ScriptChecksumComponent.h"
 #include "shell/frmMain.h"
+#include "transcript/World.h"
 
 namespace dialwright {
 
 /// A user's whole program over files of the test's own.
 class Desk {
  public:
-  explicit Desk(FileStore& store, FaultyFiles* faulty = nullptr);
+  /// The registry is that of a server of the sandbox.
+  explicit Desk(FileStore& store, std::string_view server = newestServer);
 
   frmMain& form() { return *program.main; }
   void start();
@@ -23,22 +25,16 @@ class Desk {
   /// Presses the save button, whether or not something has changed.
   void save();
 
+  FileStore& files;
   Printer printer;
   ScriptedMessages messages{printer};
 
  private:
-  /// The checksum of our own. Tells the files when it reads: its failures are its own affair.
-  struct Checksums : ScriptChecksumFactory {
-    Checksums(FileStore& files, FaultyFiles* faulty) : store(files), watched(faulty) {}
-    std::unique_ptr<ScriptChecksumComponent> CreateObject() override;
-    FileStore& store;
-    FaultyFiles* watched;
-  };
   MemoryRegistry registry;
   StandingClock clock;
   PrintedProcesses processes{printer};
-  Checksums checksums;
-  FileLanguages languages;
+  CrcChecksumFactory checksums{files};
+  FileLanguages languages{files, 1033};
   PrintedHelp help{printer};
 
  public:
@@ -48,7 +44,7 @@ class Desk {
 /// Something a user does that reads or writes files.
 struct Job {
   std::string_view name;
-  void (*prepare)(Desk& desk, FileStore& disk);
+  void (*prepare)(Desk& desk);
   void (*work)(Desk& desk);
   /// What the user does after a failure to have what he wanted.
   void (*again)(Desk& desk);

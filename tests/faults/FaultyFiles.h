@@ -1,14 +1,6 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "platform/Failure.h"
-#include "platform/FileStore.h"
+#include "MemoryFileStore.h"
 
 namespace dialwright {
 
@@ -25,44 +17,44 @@ struct Fault {
 
 /// One operation on files, as the system asked for it.
 struct FileOperation {
-  enum class Kind { kind, stamp, names, read, open, write, close, replace, copy, remove, folder };
-  Kind kind = Kind::kind;
+  Operation kind = Operation::kind;
   std::string path;  ///< in lower case; of a copy the target
-  bool byComponent = false;
 
-  bool isQuestion() const { return kind == Kind::kind || kind == Kind::stamp; }
+  bool isQuestion() const { return kind == Operation::kind || kind == Operation::stamp; }
 };
 
 /// Files of which one operation fails. Remembers the operations since it was armed.
-class FaultyFiles : public FileStore {
+class FaultyFiles : public MemoryFileStore {
  public:
-  explicit FaultyFiles(FileStore& realFiles) : files(realFiles) {}
-
+  using MemoryFileStore::MemoryFileStore;
   /// From here on operations count; number `at` (from 0) fails. Without a fault they only count.
-  void arm(std::optional<Fault> fault = {}, std::size_t at = 0);
+  void arm(std::optional<Fault> fault, std::size_t at) {
+    armed = fault;
+    failing = at;
+    counting = true;
+  }
   void disarm() { counting = false; }
 
-  Kind kind(std::string_view path) override;
-  std::optional<FileStamp> stamp(std::string_view path) override;
-  std::vector<std::string> fileNames(std::string_view folder) override;
-  std::string read(std::string_view path) override;
-  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override;
-  void replace(std::string_view path, std::string_view bytes) override;
-  void copy(std::string_view from, std::string_view to, bool overwrite) override;
-  void remove(std::string_view path, bool force) override;
-  void createFolder(std::string_view path) override;
-
   std::vector<FileOperation> operations;
-  bool componentAtWork = false;
 
  private:
-  class Output;
-  bool fails(FileOperation::Kind kind, std::string_view path);
-  /// Runs an operation, or as much of it as the fault lets through.
-  void act(FileOperation::Kind kind, std::string_view path, const std::function<void()>& whole,
-           const std::function<void()>& half = {});
+  bool fails(Operation kind, std::string_view path) {
+    if (!counting) return false;
+    operations.push_back({kind, LowerCase(path)});
+    return armed &&
+           (operations.size() == failing + 1 || (armed->lasting && operations.size() > failing));
+  }
+  bool hides(Operation kind, std::string_view path) override {
+    return fails(kind, path) && armed->hides;
+  }
+  void act(Operation kind, std::string_view path, const Action& whole,
+           const Action& half) override {
+    if (!fails(kind, path)) return whole();
+    if (armed->reach == Fault::Reach::all) whole();
+    if (armed->reach == Fault::Reach::half) half();
+    throw RuntimeFailure(armed->failure);
+  }
 
-  FileStore& files;
   bool counting = false;
   std::optional<Fault> armed;
   std::size_t failing = 0;

@@ -1,10 +1,286 @@
+// Plays random steps of a user at a whole program, chosen by the bytes, and looks at what always
+// holds: a row has one token, once; voiced orders are 10, 20, 30, ...; a refused section's keys are
+// untouched; nothing of a file changes but the keys of section MACROS and the checksum line; the
+// derived lists are what their plain definition gives.
+
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
+#include <set>
+#include <span>
 
-#include "RandomWalk.h"
+#include "Desk.h"
+#include "ScriptText.h"
+#include "Server.h"
+#include "keymap/Catalogue.h"
+#include "scripts/SetupOptions.h"
+#include "transcript/HeadlessUser.h"
+
+namespace dialwright {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* servers[] = {"merid-7.0-2.0", "merid-5.0-0.30", "merid-4.0-5.0",
+                                   "tessel-1.1-0.0"};
+
+/// What asks before it is done.
+constexpr const char* questions[] = {"mnuResetKeysToStandardConversation",
+                                     "mnuResetKeysToOptionalConversation1",
+                                     "mnuResetKeysToAlternateKeyMappingN",
+                                     "mnuResetKeysToAlternateKeyMappingS",
+                                     "mnuResetKeysToAlternateKeyMappingX",
+                                     "mnuResetKeysToVarloInternal",
+                                     "mnuSelectDialwright",
+                                     "mnuSelectDialwright2",
+                                     "mnuSelectDialwright3",
+                                     "mnuRestoreScripts"};
+
+constexpr std::string_view texts[] = {"",  "1",  "2",   "3",  "12", "77",  "#",
+                                      "*", "*1", "# *", "-5", "+5", "1E1", "999"};
+
+/// What a save's refusal has in its first line, in the order in which the sections are written.
+constexpr std::pair<std::string_view, std::size_t> refusals[] = {
+    {" the main menu", 0},        {"message locator feature", 0}, {"message header menu", 1},
+    {"message body menu", 2},     {"message footer menu", 3},     {"after message menu", 4},
+    {"the global commands: ", 5},
+};
+
+constexpr std::size_t noSection = ScriptText::sections;
+constexpr std::size_t longest = 50;  // steps
+
+/// The lists that a save derives from the keys of a grid, by their plain definition, by name behind
+/// the prefix.
+std::map<std::string, std::string> plainLists(const KeyGrid& grid, std::size_t index) {
+  constexpr std::string_view inPlace[] = {"_SLOWDOWN", "_SPEEDUP", "_PAUSE", "_VOLUME"};
+  std::string inactive, doubles, extended, ending = "ABCD";
+  std::set<char> active;
+  const auto list = [](std::string& keys, const std::string& key) {
+    keys.append(keys.empty() ? "" : ",").append(key);
+  };
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const std::string& key = grid.Text(row, Column::KeyAssignment);
+    const std::string& token = grid.Text(row, Column::ActionToken);
+    if (key.empty()) continue;
+    active.insert(key[0]);
+    if (key.size() == 2) list(extended, key);
+    if (key.size() == 2 && key[0] == key[1]) list(doubles, key.substr(1));
+    const bool stays = std::ranges::any_of(
+        inPlace, [&](std::string_view part) { return token.find(part) != std::string::npos; });
+    if (key.size() <= 2 && !stays && ending.find(key[0]) == std::string::npos)
+      ending.insert(0, 1, key[0]);
+  }
+  for (const char key : std::string_view("1234567890*#"))
+    if (!active.contains(key)) inactive += key;
+  if (index == 0)
+    return {{"INACTIVE_KEYS", inactive},
+            {"SHORTCUT_IGNORE_KEYS", inactive + "ABCD"},
+            {"EXTENDED_DOUBLE_TT_KEYS", extended}};
+  std::map<std::string, std::string> lists{{"DOUBLE_KEYS", doubles},
+                                           {"EXTENDED_DOUBLE_KEYS", extended}};
+  if (index == 4)
+    lists.insert({{"INACTIVE_KEYS", inactive}, {"SHORTCUT_IGNORE_KEYS", "ABCD"}});
+  else
+    lists.insert({{"IGNORE_KEYS", ""},
+                  {"INVALID_KEYS", ""},
+                  {"TERMINATE_PLAYBACK_KEYS", ending + inactive}});
+  return lists;
+}
+
+bool isKnown(std::size_t grid, std::string_view token) {
+  if (grid == 0) return FindAction(MainMenuActions(), token) != nullptr;
+  if (grid == 4) return FindAction(AfterMessageActions(), token) != nullptr;
+  if (grid == 5) return FindAction(GlobalActions(), token) != nullptr;
+  return FindAction(PlaybackActions(), token, keyPrefixes.at(grid)) != nullptr;
+}
+
+/// The files of a server, with little of what stands in the scripts behind the keys.
+const Files& smallServer(const std::string& name) {
+  static std::map<std::string, Files> servers;
+  const auto [server, isNew] = servers.try_emplace(name);
+  if (!isNew) return server->second;
+  server->second = ServerFiles(name);
+  for (auto& [path, text] : server->second)
+    if (const std::size_t at = text.find("[SCRIPT]"); at != std::string::npos)
+      text.erase(at + 200, text.size() - at - 300);
+  return server->second;
+}
+
+class Walk {
+ public:
+  explicit Walk(std::span<const std::uint8_t> allBytes) : bytes(allBytes) {}
+
+  std::string run() {
+    desk.start();
+    checkFiles(0);
+    checkGrids();
+    while (wrong.empty() && !bytes.empty() && steps.size() < longest) {
+      const int tab = form.SSTab1.Tab();
+      step();
+      if (tab < gridCount) checkGrid(static_cast<std::size_t>(tab));
+    }
+    checkGrids();
+    if (wrong.empty()) return {};
+    std::string text = wrong + " on " + server + "\n";
+    for (const std::string& each : steps) text += "> " + each + "\n";
+    return text;
+  }
+
+ private:
+  std::size_t next(std::size_t count) {
+    if (bytes.empty()) return 0;
+    const std::size_t value = bytes.front();
+    bytes = bytes.subspan(1);
+    return value % count;
+  }
+  int number(std::size_t count) { return static_cast<int>(next(count)); }
+
+  void fail(const std::string& what) {
+    if (wrong.empty()) wrong = what;
+  }
+
+  void step() {
+    const int tab = form.SSTab1.Tab();
+    const auto did = [this](const std::string& word, const auto&... words) {
+      steps.push_back((word + ... + (" " + words)));
+    };
+    const std::size_t kind = next(16);
+    if (kind < 2) {
+      const int to = number(7);
+      did("tab", std::to_string(to));
+      user.tab(to);
+    } else if (kind < 4) {
+      const int grid = tab < gridCount ? tab : 0;
+      const int row = number(40);
+      did("row", std::to_string(grid), std::to_string(row));
+      user.row(grid, row);
+    } else if (kind < 8) {
+      const bool all = kind < 7;
+      const std::string text =
+          all ? std::string(texts[next(std::size(texts))]) : std::to_string(next(10));
+      did(all ? "type" : "add", "\"" + text + "\"");
+      user.type(text, all);
+    } else if (kind == 8) {
+      did("leave");
+      user.leave();
+    } else if (kind == 9) {
+      const bool up = next(2) == 0;
+      did("spin", std::string(up ? "up" : "down"));
+      user.spin(up);
+    } else if (kind < 12) {
+      const SetupOption& option = SetupOptions()[next(SetupOptions().size())];
+      const CheckBox* boxes[] = {&(form.*option.box), &form.chkGenerateHelp, &form.chkGeneratePDF};
+      const std::string name = kind == 11 ? boxes[next(std::size(boxes))]->Name
+                                          : "chkDontVoiceAction(" + std::to_string(tab) + ")";
+      const int value = number(2);
+      did("set", name, std::to_string(value));
+      user.set(name, value);
+    } else if (kind < 14) {
+      const bool yes = next(3) != 0;
+      const std::string name = questions[next(std::size(questions))];
+      did("answer", std::string(yes ? "Yes" : "No"));
+      did("click", name);
+      desk.messages.answers.assign(3, yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No);
+      user.click(name);
+      checkFiles(name == "mnuRestoreScripts" ? noSection : 0);  // the others write nothing
+      checkGrids();
+    } else if (form.cmdSave.Enabled) {
+      did("answer", std::string("Yes"));
+      did("click", std::string("cmdSave"));
+      save();
+    }
+  }
+
+  void save() {
+    desk.messages.answers = {MsgBoxAnswer::Yes};
+    desk.printer.lines.clear();
+    const bool held = user.click("cmdSave") != Outcome::done;
+    if (held) return checkFiles(0);  // the edit box has kept the focus
+    std::size_t refused = noSection;
+    bool saved = form.chkGenerateHelp.Value() != 0 || form.chkGeneratePDF.Value() != 0;
+    for (const std::string& line : desk.printer.lines) {
+      if (line.starts_with("error:")) fail(line);
+      saved = saved || line == "msgbox OK \"Custom conversation key mappings updated.\"";
+      for (const auto& [text, section] : refusals)
+        if (line.find(text) != std::string::npos) refused = section;
+    }
+    checkFiles(refused);
+    if (refused != noSection) return;
+    if (!saved) fail("neither refused nor saved");
+    for (std::size_t i = 0; i < 5; ++i)
+      checkLists(i, LowerCase(i == 0 ? form.strMainMenuScript : form.strMessagePlaybackScript));
+  }
+
+  /// With several slots the lists are blanked.
+  void checkLists(std::size_t grid, const std::string& path) {
+    const auto& keys = script(path).keys.at(grid);
+    for (const auto& [name, value] : plainLists(form.gridKeyMap.at(grid), grid)) {
+      const std::string key = std::string(keyPrefixes.at(grid)) + name;
+      const auto found = keys.find(key);
+      const std::string wanted = "\"" + (form.bSingleKeyMap != 0 ? value : "") + "\"";
+      if (found == keys.end() || Trim(found->second) != wanted) fail(key + " is not " + wanted);
+    }
+  }
+
+  /// A script as it was seen last, gone through line by line once.
+  const ScriptText& script(const std::string& path) {
+    return parsed.try_emplace(path, seen.at(path)).first->second;
+  }
+
+  /// Looks at the scripts that have changed since the last time. The keys of a section that was
+  /// refused, and of those behind it, may not have.
+  void checkFiles(std::size_t refused) {
+    const std::string folder = LowerCase(desk.program.server.strGetScriptPath());
+    for (const std::string& name : store.fileNames(folder)) {
+      const std::string path = folder + name;
+      if (store.bytes(path) == seen.at(path)) continue;
+      const ScriptText old = script(path);
+      seen.at(path) = store.bytes(path);
+      parsed.erase(path);
+      if (script(path).others != old.others) fail("changed outside the keys: " + path);
+      for (std::size_t i = refused; i < noSection; ++i)
+        if (script(path).keys.at(i) != old.keys.at(i)) fail("a refused section is written");
+    }
+  }
+
+  void checkGrids() {
+    for (std::size_t i = 0; i < gridCount; ++i) checkGrid(i);
+  }
+
+  void checkGrid(std::size_t index) {
+    const KeyGrid& grid = form.gridKeyMap.at(index);
+    std::set<std::string_view> tokens;
+    bool voiced = true;
+    for (int row = 1; row < grid.Rows(); ++row) {
+      const std::string& token = grid.Text(row, Column::ActionToken);
+      if (!tokens.insert(token).second || !isKnown(index, token)) fail("token " + token);
+      if (index >= 1 && index <= 3) continue;
+      const std::string& order = grid.Text(row, Column::Order);
+      voiced = voiced && order != "99999";
+      if (order != (voiced ? std::to_string(row * 10) : "99999"))
+        fail("order " + order + " in grid " + std::to_string(index));
+    }
+  }
+
+  std::span<const std::uint8_t> bytes;
+  const std::string server = servers[next(std::size(servers))];
+  Files seen = smallServer(server);
+  MemoryFileStore store{seen};
+  Desk desk{store, server};
+  frmMain& form = desk.form();
+  HeadlessUser user{desk.program};
+  Lines steps;
+  std::map<std::string, ScriptText> parsed;
+  std::string wrong;
+};
+
+}  // namespace
+}  // namespace dialwright
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string wrong = dialwright::WalkAtRandom({data, size});
+  const std::string wrong = dialwright::Walk({data, size}).run();
   if (wrong.empty()) return 0;
   std::fprintf(stderr, "%s", wrong.c_str());
   std::abort();

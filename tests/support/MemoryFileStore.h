@@ -1,60 +1,130 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/Failure.h"
 #include "platform/FileStore.h"
+#include "text/Text.h"
 
 namespace dialwright {
 
-/// Files in memory, without folders and copies; reads and rewrites are counted and fail on demand.
+/// Bytes by path of the system, in lower case.
+using Files = std::map<std::string, std::string>;
+
+enum class Operation {
+  kind,
+  stamp,
+  names,
+  read,
+  open,
+  write,
+  close,
+  replace,
+  copy,
+  remove,
+  folder
+};
+
+/// Files in memory. A folder is there once it is made or something lies in it. Reads and rewrites
+/// are counted and fail on demand.
 class MemoryFileStore : public FileStore {
  public:
+  explicit MemoryFileStore(const Files& content = {}) {
+    for (const auto& [path, bytes] : content) put(path, bytes);
+  }
+
   void put(std::string_view path, std::string_view bytes) {
-    files.insert_or_assign(std::string(path), Entry{std::string(bytes), ++revisions});
+    files.insert_or_assign(LowerCase(path), Entry{std::string(bytes), ++revisions});
   }
   const std::string& bytes(std::string_view path) { return at(path).bytes; }
+  Files all() const {
+    Files content;
+    for (const auto& [path, entry] : files) content.emplace(path, entry.bytes);
+    return content;
+  }
 
   Kind kind(std::string_view path) override {
-    return files.contains(path) ? Kind::file : Kind::none;
+    if (hides(Operation::kind, path)) return Kind::none;
+    if (files.contains(LowerCase(path))) return Kind::file;
+    return isFolder(path) ? Kind::folder : Kind::none;
   }
   std::optional<FileStamp> stamp(std::string_view path) override {
-    const auto found = files.find(path);
-    if (found == files.end()) return std::nullopt;
+    const auto found = files.find(LowerCase(path));
+    if (hides(Operation::stamp, path) || found == files.end()) return std::nullopt;
     return FileStamp{0, 0, found->second.bytes.size(), found->second.revision};
   }
-  std::vector<std::string> fileNames(std::string_view) override { return {}; }
+  std::vector<std::string> fileNames(std::string_view folder) override {
+    act(Operation::names, folder);
+    if (!isFolder(folder)) throw RuntimeFailure(Failure::pathNotFound);
+    const std::string inside = below(folder);
+    std::vector<std::string> names;
+    for (const auto& [path, entry] : files)
+      if (path.starts_with(inside) && path.find('\\', inside.size()) == std::string::npos)
+        names.push_back(path.substr(inside.size()));
+    return names;
+  }
 
   std::string read(std::string_view path) override {
     ++reads;
     if (failRead) throw RuntimeFailure(*failRead);
+    act(Operation::read, path);
     return at(path).bytes;
   }
   void replace(std::string_view path, std::string_view bytes) override {
     ++replaces;
     if (failReplace) throw RuntimeFailure(*failReplace);
-    at(path) = Entry{std::string(bytes), ++revisions};
+    act(Operation::replace, path, [&] { at(path) = Entry{std::string(bytes), ++revisions}; });
   }
   std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override {
-    if (create && !files.contains(path)) put(path, "");
-    if (opening == Opening::truncate) at(path).bytes.clear();
-    return std::make_unique<Output>(at(path).bytes);
+    act(Operation::open, path, [&] {
+      if (const bool is = files.contains(LowerCase(path)); !is && !create)
+        at(path);
+      else if (!is || opening == Opening::truncate)
+        put(path, "");
+    });
+    return std::make_unique<Output>(*this, path);
   }
   void remove(std::string_view path, bool) override {
-    if (files.erase(std::string(path)) == 0) throw RuntimeFailure(Failure::fileNotFound);
+    act(Operation::remove, path, [&] {
+      at(path);
+      files.erase(LowerCase(path));
+    });
   }
-  void copy(std::string_view, std::string_view, bool) override {}
-  void createFolder(std::string_view) override {}
+  void copy(std::string_view from, std::string_view to, bool overwrite) override {
+    act(Operation::copy, to, [&] {
+      const std::string bytes = at(from).bytes;
+      if (!overwrite && files.contains(LowerCase(to)))
+        throw RuntimeFailure(Failure::fileAlreadyExists);
+      if (!isFolder(to.substr(0, to.rfind('\\')))) throw RuntimeFailure(Failure::pathNotFound);
+      put(to, bytes);
+    });
+  }
+  void createFolder(std::string_view path) override {
+    act(Operation::folder, path, [&] { folders.insert(below(path)); });
+  }
 
   std::optional<Failure> failRead;
   std::optional<Failure> failReplace;
   int reads = 0;
   int replaces = 0;
+
+ protected:
+  using Action = std::function<void()>;
+
+  /// Whoever derives hears of each operation: what is there may go unseen, what is to be done may
+  /// fail, with half of a write done.
+  virtual bool hides(Operation, std::string_view) { return false; }
+  virtual void act(
+      Operation, std::string_view, const Action& whole = [] {}, const Action& = [] {}) {
+    whole();
+  }
 
  private:
   struct Entry {
@@ -62,19 +132,37 @@ class MemoryFileStore : public FileStore {
     std::int64_t revision;
   };
   struct Output : OutputFile {
-    explicit Output(std::string& target) : bytes(target) {}
-    void write(std::string_view more) override { bytes += more; }
-    void close() override {}
-    std::string& bytes;
+    Output(MemoryFileStore& theStore, std::string_view thePath) : store(theStore), path(thePath) {}
+    void write(std::string_view more) override {
+      const auto add = [&](std::string_view part) {
+        store.put(path, store.bytes(path) + std::string(part));
+      };
+      store.act(
+          Operation::write, path, [&] { add(more); },
+          [&] { add(more.substr(0, more.size() / 2)); });
+    }
+    void close() override { store.act(Operation::close, path); }
+    MemoryFileStore& store;
+    std::string path;
   };
 
+  /// What the paths of all that lies in a folder begin with.
+  static std::string below(std::string_view folder) {
+    return LowerCase(folder.substr(0, folder.find_last_not_of('\\') + 1)) + "\\";
+  }
+  bool isFolder(std::string_view path) const {
+    const std::string inside = below(path);
+    const auto next = files.lower_bound(inside);
+    return folders.contains(inside) || (next != files.end() && next->first.starts_with(inside));
+  }
   Entry& at(std::string_view path) {
-    const auto found = files.find(path);
+    const auto found = files.find(LowerCase(path));
     if (found == files.end()) throw RuntimeFailure(Failure::fileNotFound);
     return found->second;
   }
 
-  std::map<std::string, Entry, std::less<>> files;
+  std::map<std::string, Entry> files;
+  std::set<std::string> folders;
   std::int64_t revisions = 0;
 };
 

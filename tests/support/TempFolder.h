@@ -10,6 +10,11 @@
 
 namespace dialwright {
 
+inline std::string BytesOf(const std::filesystem::path& hostFile) {
+  std::ifstream file(hostFile, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
 /// A folder of the host for one test, gone with it.
 struct TempFolder : WorldFolder {
   std::filesystem::path operator/(std::string_view name) const { return path / name; }
@@ -19,10 +24,7 @@ struct TempFolder : WorldFolder {
     std::filesystem::create_directories((path / name).parent_path());
     std::ofstream(path / name, std::ios::binary) << bytes;
   }
-  std::string read(std::string_view name) const {
-    std::ifstream file(path / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
+  std::string read(std::string_view name) const { return BytesOf(path / name); }
 };
 
 }  // namespace dialwright
