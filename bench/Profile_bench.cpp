@@ -2,21 +2,16 @@
 //
 // A script of a server is mostly conversation text with one section of keys in it; the worst case
 // is a file that is one section of nothing but keys, with those that are wanted at its end
-// ("dense"). Each iteration does the plain work and ours in turn, so that both see the same
-// machine; the counters give their medians in microseconds and the median of the pairs' ratios.
+// ("dense").
 
-#include <benchmark/benchmark.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "Pairs.h"
 #include "platform/FileStorePosix.h"
 #include "platform/PrivateProfile.h"
 #include "platform/ScriptChecksumComponent.h"
@@ -42,8 +37,9 @@ std::string scriptText(std::size_t size, bool dense) {
   std::string text = dense ? "[MACROS]\r\n" : "[CONVERSATION]\r\n";
   for (int i = 0; text.size() + wanted.size() < size; ++i) {
     const std::string number = std::to_string(i);
-    text += dense ? "FOOTER_OTHER_KEY_" + number + "= \"" + number + "\"\r\n"
-                  : "STEP" + number + " PLAY PROMPT THEN WAIT FOR KEY ELSE GOTO MENU\r\n";
+    text.append(dense ? "FOOTER_OTHER_KEY_" : "STEP").append(number);
+    text.append(dense ? "= \"" + number + "\"\r\n"
+                      : " PLAY PROMPT THEN WAIT FOR KEY ELSE GOTO MENU\r\n");
   }
   return text + (dense ? wanted.substr(wanted.find('\n') + 1) : wanted);
 }
@@ -65,48 +61,13 @@ class ScriptOnMemoryDisk {
   fs::path host;
 };
 
-std::string readPlainly(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary | std::ios::ate);
-  std::string bytes(static_cast<std::size_t>(stream.tellg()), '\0');
-  stream.seekg(0);
-  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
-}
-
-double microseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - start;
-  return took.count();
-}
-
-double median(std::vector<double> values) {
-  if (values.empty()) return 0;
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-void compare(benchmark::State& state, const std::function<void()>& plain,
-             const std::function<void()>& ours) {
-  std::vector<double> plainTimes;
-  std::vector<double> ourTimes;
-  std::vector<double> ratios;
-  for (auto _ : state) {
-    plainTimes.push_back(microseconds(plain));
-    ourTimes.push_back(microseconds(ours));
-    ratios.push_back(ourTimes.back() / plainTimes.back());
-  }
-  state.counters["plain_us"] = median(plainTimes);
-  state.counters["ours_us"] = median(ourTimes);
-  state.counters["ratio"] = median(ratios);
-}
+void nothing() {}
 
 void LoadKeys(benchmark::State& state) {
   const ScriptOnMemoryDisk script(state);
   FileStorePosix store(script.host.string());
-  compare(
-      state, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
+  pair(
+      state, nothing, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
       [&] {
         PrivateProfile profile(store);
         const ProfileBatch batch(profile, path);
@@ -122,8 +83,8 @@ void SaveKeys(benchmark::State& state) {
   const ScriptOnMemoryDisk script(state);
   FileStorePosix store(script.host.string());
   int round = 0;
-  compare(
-      state,
+  pair(
+      state, nothing,
       [&] { fs::copy_file(script.file(), script.copy(), fs::copy_options::overwrite_existing); },
       [&] {
         PrivateProfile profile(store);
@@ -140,13 +101,13 @@ void SaveKeys(benchmark::State& state) {
 void Checksum(benchmark::State& state) {
   const ScriptOnMemoryDisk script(state);
   const std::string text = readPlainly(script.file());
-  compare(
-      state, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
+  pair(
+      state, nothing, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
       [&] { benchmark::DoNotOptimize(scriptChecksum(text)); });
 }
 
 void Sizes(benchmark::internal::Benchmark* bench) {
-  bench->ArgNames({"KB", "dense"})->Unit(benchmark::kMicrosecond);
+  bench->ArgNames({"KB", "dense"})->UseManualTime()->Unit(benchmark::kMicrosecond);
   bench->ArgsProduct({{16, 128, 1024, 10240}, {0, 1}});
 }
 

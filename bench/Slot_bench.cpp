@@ -1,18 +1,10 @@
 // Loading and saving a whole slot, beside a plain read and a plain copy of the same three files.
-//
-// Each iteration does the plain work and ours in turn, so that both see the same machine; the
-// counters give their medians in microseconds and the median of the pairs' ratios.
 
-#include <benchmark/benchmark.h>
-
-#include <algorithm>
-#include <ctime>
 #include <filesystem>
-#include <fstream>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "Pairs.h"
 #include "shell/Lifecycle.h"
 #include "shell/frmMain.h"
 #include "transcript/World.h"
@@ -27,16 +19,8 @@ constexpr const char* scripts[] = {"Macros_MenuAlternate_Custom.cdh",
 constexpr const char* image = "/sandbox/merid-7.0-2.0/drive_c/Telhost/Localize/Scripts/";
 constexpr const char* folder = "C:\\Telhost\\Localize\\Scripts\\";
 
-std::string readPlainly(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
-  std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
-  file.seekg(0);
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
-}
-
 /// A script of the image with conversation text in front, up to the size.
-std::string grown(std::string script, std::size_t size) {
+std::string grown(const std::string& script, std::size_t size) {
   std::string text = "[CONVERSATION]\r\n";
   for (int line = 0; text.size() + script.size() < size; ++line)
     text += "STEP" + std::to_string(line) + " PLAY PROMPT_" + std::to_string(line * 7 % 1000) +
@@ -60,49 +44,12 @@ struct Slot {
     Form_Load(*world.program.main);
   }
 
-  frmMain& form() { return *world.program.main; }
+  frmMain& form() const { return *world.program.main; }
 
   Printer printer;
   World world;
   std::vector<std::filesystem::path> paths;
 };
-
-/// The processor's time, in the system's calls too: on a memory disk there is nothing to wait for
-/// but other programs, which would count against whatever takes longer.
-double microseconds(const std::function<void()>& work) {
-  const auto now = [] {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) * 1e-3;
-  };
-  const double start = now();
-  work();
-  return now() - start;
-}
-
-/// The value that stands at a share of the sorted values: 0.5 is the median.
-double quantile(std::vector<double> values, double share) {
-  const auto place = static_cast<long>(static_cast<double>(values.size() - 1) * share);
-  std::ranges::nth_element(values, values.begin() + place);
-  return values[static_cast<std::size_t>(place)];
-}
-
-void pair(benchmark::State& state, const std::function<void()>& prepare,
-          const std::function<void()>& plain, const std::function<void()>& ours) {
-  std::vector<double> plainTimes, ourTimes, ratios;
-  for (auto _ : state) {
-    prepare();
-    plainTimes.push_back(microseconds(plain));
-    ourTimes.push_back(microseconds(ours));
-    ratios.push_back(ourTimes.back() / plainTimes.back());
-    state.SetIterationTime(ourTimes.back() * 1e-6);
-  }
-  state.counters["plain_us"] = quantile(plainTimes, 0.5);
-  state.counters["ours_us"] = quantile(ourTimes, 0.5);
-  state.counters["ratio"] = quantile(ratios, 0.5);
-  state.counters["low"] = quantile(ratios, 0.25);
-  state.counters["high"] = quantile(ratios, 0.75);
-}
 
 /// A file that somebody has touched is read anew: a load that finds it cached would measure
 /// nothing.

@@ -83,7 +83,9 @@ std::vector<std::string> ChmArchive::pages() const {
 
 void ChmArchive::readSystemFile() {
   // The description: a version, and then texts by their numbers.
-  constexpr unsigned contentsNumber = 0, homeNumber = 2, titleNumber = 3;
+  constexpr unsigned contentsNumber = 0;
+  constexpr unsigned homeNumber = 2;
+  constexpr unsigned titleNumber = 3;
   const std::string description = read("#SYSTEM").value_or("");
   const auto half = [&](std::size_t at) {
     return static_cast<unsigned>(static_cast<unsigned char>(description[at]) |

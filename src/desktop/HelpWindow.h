@@ -34,7 +34,7 @@ class HelpWindow : public QMainWindow {
 
   void buildBar();
   void addTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics, int& left);
-  void find(const QString& words);
+  void find(const QString& text);
   const std::vector<Page>& searchable();
   void selectTopic(const QUrl& page);
 
