@@ -31,9 +31,9 @@ class KeyEdit : public QLineEdit {
  private:
   /// A change that the toolkit's line edit makes by itself.
   void change(int keyAscii, const std::function<void()>& edit);
-  void typeText(const QString& text);
+  void typeText(const QString& added);
   void paste(QClipboard::Mode mode);
-  QString cutToRoom(const QString& text) const;
+  QString cutToRoom(const QString& added) const;
 
   EditBox& box;
   bool refreshing = false;

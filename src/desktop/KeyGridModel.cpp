@@ -28,7 +28,7 @@ bool KeyGridModel::refresh() {
     endResetModel();
   } else {
     rows = std::move(present);
-    emit dataChanged(index(0, 0), index(rowCount() - 1, shownColumns - 1));
+    emit dataChanged(index(0, 0), index(static_cast<int>(rows.size()) - 1, shownColumns - 1));
   }
   return true;
 }

@@ -10,7 +10,7 @@
 
 namespace dialwright {
 
-Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, Pick pick) : form(mainForm) {
+Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick) : form(mainForm) {
   for (Control* control : form.Controls) {
     auto* item = dynamic_cast<MenuItem*>(control);
     if (item == nullptr) continue;

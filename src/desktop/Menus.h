@@ -19,7 +19,7 @@ class Menus {
  public:
   using Pick = std::function<void(MenuItem&)>;
 
-  Menus(frmMain& mainForm, QMenuBar& menuBar, Pick pick);
+  Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick);
 
   void refresh();
 

@@ -96,7 +96,8 @@ std::optional<StringTableFile> StringTableFile::parse(std::string bytes) {
   const auto optionalSize = Read16(bytes, std::uint64_t{*header} + 20);
   const std::uint64_t optional = *header + kCoffHeaderSize;
   const auto magic = Read16(bytes, optional);
-  if (!sectionCount || !optionalSize || (magic != kPe32 && magic != kPe32Plus)) return std::nullopt;
+  const bool knownFormat = magic == kPe32 || magic == kPe32Plus;
+  if (!sectionCount || !optionalSize || !knownFormat) return std::nullopt;
 
   StringTableFile file;
   file.sectionTable_ = optional + *optionalSize;
@@ -106,7 +107,7 @@ std::optional<StringTableFile> StringTableFile::parse(std::string bytes) {
 
   const std::uint64_t directories = magic == kPe32 ? 96 : 112;
   const auto directoryCount = Read32(bytes, optional + directories - 4);
-  const std::uint64_t resources = directories + 8 * kResourceDirectory;
+  const std::uint64_t resources = directories + std::uint64_t{8} * kResourceDirectory;
   if (directoryCount && *directoryCount > kResourceDirectory && resources + 8 <= *optionalSize)
     file.resourceAddress_ = Read32(bytes, optional + resources).value_or(0);
   file.bytes_ = std::move(bytes);

@@ -109,7 +109,7 @@ std::string MakeHeaders(PeFormat format, std::uint32_t resourcesSize) {
   Put16(out, {2, 0x100});                                       // subsystem: windows
   out.resize(out.size() + (plus ? 32 : 16) + 4);                // stack and heap, flags
   Put32(out, {kDirectories, 0, 0, 0, 0, kSectionAlignment, resourcesSize});
-  out.resize(out.size() + 8 * (kDirectories - 3));
+  out.resize(out.size() + std::size_t{8} * (kDirectories - 3));
 
   out.append(".rsrc\0\0\0", 8);
   Put32(out, {resourcesSize, kSectionAlignment, sizeInFile, kFileAlignment, 0, 0, 0});

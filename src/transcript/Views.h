@@ -12,7 +12,7 @@ class Program;
 
 /// What a user sees of the form, as transcripts print it.
 void ShowForm(const Program& program, Printer& printer);
-void ShowGrid(const Program& program, int grid, bool withLabels, Printer& printer);
+void ShowGrid(const Program& program, int number, bool withLabels, Printer& printer);
 void ShowEdit(const Program& program, int grid, Printer& printer);
 void ShowSetup(const Program& program, Printer& printer);
 /// The caption of a control, a tab or a column heading. Throws TranscriptError for an unknown name.

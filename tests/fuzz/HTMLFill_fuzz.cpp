@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string input(reinterpret_cast<const char*>(data), size);
   const auto line = [&input] {
     const std::size_t end = input.find('\n');
-    const std::string text = AnsiToUtf8(input.substr(0, end));
+    std::string text = AnsiToUtf8(input.substr(0, end));
     input.erase(0, end == std::string::npos ? end : end + 1);
     return text;
   };

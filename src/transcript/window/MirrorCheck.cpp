@@ -101,14 +101,15 @@ void compareWidget(const Control& control, const QWidget& widget, Comparison& co
 std::string MirrorDifference(const frmMain& form, MainWindow& window) {
   Comparison compare;
   compare.same("title", window.windowTitle(), toQt(form.Caption));
-  for (const Control* control : form.Controls) {
-    if (const auto* item = dynamic_cast<const MenuItem*>(control)) {
+  for (const Control* each : form.Controls) {
+    const Control& control = *each;
+    if (const auto* item = dynamic_cast<const MenuItem*>(each)) {
       compareItem(*item, window, compare);
       continue;
     }
-    const auto* widget = window.findChild<QWidget*>(toQt(control->Name));
-    compare.same(control->Name + " there", widget != nullptr, true);
-    if (widget != nullptr) compareWidget(*control, *widget, compare);
+    const auto* widget = window.findChild<QWidget*>(toQt(control.Name));
+    compare.same(control.Name + " there", widget != nullptr, true);
+    if (widget != nullptr) compareWidget(control, *widget, compare);
   }
   const QWidget* keyboard = window.focusWidget();
   const Control* active = form.focus.ActiveControl();
