@@ -95,7 +95,7 @@ std::optional<StringTableFile> StringTableFile::parse(std::string bytes) {
   const auto sectionCount = Read16(bytes, std::uint64_t{*header} + 6);
   const auto optionalSize = Read16(bytes, std::uint64_t{*header} + 20);
   const std::uint64_t optional = *header + kCoffHeaderSize;
-  const auto magic = Read16(bytes, optional);
+  const std::uint32_t magic = Read16(bytes, optional).value_or(0);
   const bool knownFormat = magic == kPe32 || magic == kPe32Plus;
   if (!sectionCount || !optionalSize || !knownFormat) return std::nullopt;
 
