@@ -21,19 +21,19 @@ struct FileStoreTest : testing::Test {
   FileStore& store = world.disk;
 };
 
-TEST_F(FileStoreTest, KindsStampsAndNames) {
+TEST_F(FileStoreTest, KindsStampsNamesAndWriting) {
   constexpr std::string_view file = R"(C:\f\b.txt)";
   world.makeFile(file, "12345");
-  for (const auto path : {R"(C:\f\C.txt)", R"(C:\f\d\e.txt)"}) world.makeFile(path, "");
+  for (const auto* path : {R"(C:\f\C.txt)", R"(C:\f\d\e.txt)"}) world.makeFile(path, "");
   EXPECT_EQ(store.kind(R"(C:\F\B.TXT)"), FileStore::Kind::file);
   EXPECT_EQ(store.kind(R"(C:\f\)"), FileStore::Kind::folder);
   EXPECT_EQ(store.kind(R"(C:\f\b.txt\c)"), FileStore::Kind::none);
-  for (const auto path : {R"(C:\f)", R"(C:\F\)"})
-    EXPECT_EQ(store.fileNames(path), (std::vector<std::string>{"b.txt", "C.txt"}));
+  EXPECT_EQ(store.fileNames(R"(C:\F\)"), (std::vector<std::string>{"b.txt", "C.txt"}));
 
   const std::optional<FileStamp> before = store.stamp(file);
   ASSERT_TRUE(before);
   EXPECT_EQ(store.stamp(R"(C:\f\B.txt)"), before);
+  EXPECT_EQ(store.stamp(R"(C:\f)"), std::nullopt);
   [[maybe_unused]] const auto time = fs::last_write_time(world.hostPath(file));
   std::this_thread::sleep_for(std::chrono::milliseconds(20));
   world.makeFile(file, "54321");
@@ -41,22 +41,16 @@ TEST_F(FileStoreTest, KindsStampsAndNames) {
   fs::last_write_time(world.hostPath(file), time);  // as a tool that keeps times does
 #endif
   EXPECT_NE(store.stamp(file), before);
-  EXPECT_EQ(store.stamp(R"(C:\f)"), std::nullopt);
-}
 
-TEST_F(FileStoreTest, ReadingAndWriting) {
-  store.createFolder(R"(C:\f)");
   const std::string bytes = std::string("a\0\r\n\xFF", 5) + std::string(100'000, 'x');
-  const auto write = [&](FileStore::Opening opening, std::string_view text) {
-    const auto file = store.open(R"(C:\F\new.bin)", opening, true);
-    file->write(text);
-    file->close();
-  };
-  write(FileStore::Opening::truncate, bytes + "old text");
-  write(FileStore::Opening::truncate, bytes);
-  EXPECT_EQ(store.read(R"(C:\f\NEW.BIN)"), bytes);
-  write(FileStore::Opening::append, "more");
-  EXPECT_EQ(store.read(R"(C:\f\new.bin)"), bytes + "more");
+  for (const auto& [opening, text] : {std::pair(FileStore::Opening::truncate, bytes + "old text"),
+                                      {FileStore::Opening::truncate, bytes},
+                                      {FileStore::Opening::append, "more"}}) {
+    const auto output = store.open(R"(C:\F\new.bin)", opening, true);
+    output->write(text);
+    output->close();
+  }
+  EXPECT_EQ(store.read(R"(C:\f\NEW.BIN)"), bytes + "more");
 }
 
 TEST_F(FileStoreTest, FailuresAreTheClassicOnes) {
@@ -75,19 +69,14 @@ TEST_F(FileStoreTest, FailuresAreTheClassicOnes) {
       {75, [&] { store.read(folder); }},
       {53, [&] { open(noFile, false); }},
       {76, [&] { open(noFolder, true); }},
-      {75, [&] { open(folder, true); }},
       {70, [&] { open(locked, true); }},
       {53, [&] { store.replace(noFile, "x"); }},
-      {75, [&] { store.replace(folder, "x"); }},
       {70, [&] { store.replace(locked, "x"); }},
-      {53, [&] { store.copy(noFile, R"(C:\f\c.txt)", true); }},
       {76, [&] { store.copy(file, noFolder, true); }},
       {70, [&] { store.copy(file, locked, true); }},
       {58, [&] { store.copy(file, R"(C:\f\A.TXT)", false); }},
       {53, [&] { store.remove(noFile, true); }},
-      {53, [&] { store.remove(folder, true); }},
       {70, [&] { store.remove(locked, false); }},
-      {58, [&] { store.createFolder(R"(C:\F)"); }},
       {76, [&] { store.createFolder(R"(C:\g\h)"); }},
       {76, [&] { store.fileNames(R"(C:\g)"); }},
   };

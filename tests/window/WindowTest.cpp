@@ -5,11 +5,9 @@
 #include <QTableView>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 #include <utility>
 
+#include "../support/TempFolder.h"
 #include "shell/Lifecycle.h"
 
 namespace dialwright {
@@ -25,8 +23,7 @@ WindowTest::WindowTest()
            fs::copy_options::recursive | fs::copy_options::overwrite_existing);
   for (const auto& file : fs::recursive_directory_iterator(world.hostPath("C:\\")))
     fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
-  std::ifstream registry(image / "server.reg", std::ios::binary);
-  readRegistryFile(std::string{std::istreambuf_iterator<char>(registry), {}}, world.registry);
+  readRegistryFile(BytesOf(image / "server.reg"), world.registry);
   for (const QTableView* grid : window.findChildren<QTableView*>())
     new QAbstractItemModelTester(grid->model(),
                                  QAbstractItemModelTester::FailureReportingMode::Fatal, &window);
@@ -52,18 +49,12 @@ std::vector<std::string> WindowTest::shown() { return std::exchange(printer.line
 
 }  // namespace dialwright
 
-namespace {
-
-void passOnMessages(QtMsgType, const QMessageLogContext&, const QString& message) {
-  if (!message.startsWith("This plugin does not support"))
-    std::fprintf(stderr, "%s\n", qPrintable(message));
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  qInstallMessageHandler(passOnMessages);
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.startsWith("This plugin does not support"))
+      std::fprintf(stderr, "%s\n", qPrintable(message));
+  });
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   testing::InitGoogleTest(&argc, argv);

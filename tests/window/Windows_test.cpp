@@ -1,0 +1,201 @@
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <functional>
+
+#include "WindowTest.h"
+#include "desktop/AboutDialog.h"
+#include "desktop/MainWindow.h"
+#include "desktop/QtMessageBoxes.h"
+#include "desktop/WrapLabel.h"
+#include "transcript/PeWriter.h"
+
+namespace dialwright {
+
+/// Does something with the message box that comes up next.
+static void withNextBox(const std::function<void(QMessageBox&)>& use) {
+  QTimer::singleShot(0, [use] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(box));
+    use(*box);
+  });
+}
+
+TEST(QtMessageBoxes, AnswersComeFromButtonsLettersAndTheCloseBox) {
+  const auto key = [](Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    return [=](QMessageBox& box) { QTest::keyClick(&box, pressed, modifiers); };
+  };
+  const auto click = [](QMessageBox& box) {
+    QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+  };
+  const std::tuple<MsgBoxButtons, std::function<void(QMessageBox&)>, MsgBoxAnswer> rows[] = {
+      {MsgBoxButtons::OK, key(Qt::Key_Escape), MsgBoxAnswer::OK},
+      {MsgBoxButtons::YesNo, click, MsgBoxAnswer::No},
+      {MsgBoxButtons::YesNo, key(Qt::Key_Return), MsgBoxAnswer::Yes},
+      {MsgBoxButtons::YesNo, key(Qt::Key_N, Qt::AltModifier), MsgBoxAnswer::No},
+      {MsgBoxButtons::YesNo, [](QMessageBox& box) { box.close(); }, MsgBoxAnswer::No},
+  };
+  QtMessageBoxes messages("Program");
+  for (const auto& [buttons, use, answer] : rows) {
+    withNextBox(use);
+    EXPECT_EQ(messages.MsgBox("text", buttons, ""), answer);
+  }
+  withNextBox([](QMessageBox& box) {
+    EXPECT_EQ(box.windowTitle(), "Program");
+    EXPECT_EQ(box.text(), "C:\\<b>\n& more");
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    box.close();
+  });
+  messages.MsgBox("C:\\<b>\r\n& more", MsgBoxButtons::OK, "");
+}
+
+class AboutDialogTest : public WindowTest {
+ protected:
+  AboutDialogTest() {
+    for (const char* code : {"DEU", "JPN"})
+      world.makeFile("C:\\Dialwright\\Dialwright_" + std::string(code) + ".dll",
+                     MakeStringLibrary({{1036, u"&Beenden"}, {1098, u"Gut"}}));
+    user.click("mnuAbout");
+  }
+  AboutDialog& about() { return *window.aboutBox(); }
+};
+
+TEST_F(AboutDialogTest, ALanguageIsSpokenByBothWindowsAtOnce) {
+  auto* opener = about().findChild<QPushButton*>("lblChangeLanguage");
+  opener->setFocus();
+  QTest::keyClick(opener, Qt::Key_Space);
+  auto* list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(list, nullptr);
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(about().findChild<QPushButton*>("cmdOK")->text(), "Gut");
+  EXPECT_EQ(widget<QPushButton>("cmdExit").text(), "&Beenden");
+}
+
+TEST_F(AboutDialogTest, AnyWayToCloseItIsItsButton) {
+  const std::function<void()> ways[] = {
+      [this] { QTest::mouseClick(about().findChild<QPushButton*>("cmdOK"), Qt::LeftButton); },
+      [this] { QTest::keyClick(&about(), Qt::Key_Escape); },
+      [this] { about().close(); },
+  };
+  for (const auto& way : ways) {
+    EXPECT_EQ(user.click("cmdSave"), Outcome::refused);
+    way();
+    EXPECT_FALSE(about().isVisible());
+    EXPECT_FALSE(world.program.aboutIsUp());
+    user.click("mnuAbout");
+    EXPECT_TRUE(about().isVisible());
+  }
+}
+
+TEST_F(AboutDialogTest, AsAModalBoxItHoldsUpWhoeverOpensIt) {
+  user.click("cmdOK");
+  about().holdsUp = true;
+  bool wasUp = false;
+  QTimer::singleShot(0, [&] {
+    wasUp = world.program.aboutIsUp();
+    QTest::mouseClick(about().findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+  });
+  window.findChild<QAction*>("mnuAbout")->trigger();
+  EXPECT_TRUE(wasUp);
+  EXPECT_FALSE(world.program.aboutIsUp());
+}
+
+using MainWindowTest = WindowTest;
+
+static std::string accessibleName(QWidget& widget) {
+  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
+  return spoken != nullptr ? spoken->text(QAccessible::Name).toStdString() : "";
+}
+
+TEST_F(MainWindowTest, EveryFieldHasOneWidgetAndAName) {
+  for (const Control* control : form.Controls) {
+    if (dynamic_cast<const MenuItem*>(control) != nullptr) continue;
+    EXPECT_EQ(window.findChildren<QWidget*>(QString::fromStdString(control->Name)).size(), 1);
+    if (dynamic_cast<const Label*>(control) != nullptr) continue;
+    EXPECT_NE(accessibleName(widget<QWidget>(control->Name)), "") << control->Name;
+  }
+}
+
+/// The first widget that has less room than its text needs.
+static std::string cutWidget(const MainWindow& window) {
+  for (const QWidget* widget : window.centralWidget()->findChildren<QWidget*>()) {
+    const bool hasText = widget->inherits("QLabel") || widget->inherits("QCheckBox") ||
+                         widget->inherits("QPushButton") || widget->inherits("QGroupBox");
+    if (!widget->isVisible() || !hasText) continue;
+    const QSize needed = widget->minimumSizeHint();
+    const auto* wrapped = dynamic_cast<const WrapLabel*>(widget);
+    const int height =
+        wrapped != nullptr ? wrapped->heightForWidth(widget->width()) : needed.height();
+    const QRect place(widget->mapTo(&window, QPoint()), widget->size());
+    if (widget->width() < needed.width() || widget->height() < height ||
+        !window.rect().contains(place))
+      return widget->objectName().toStdString();
+  }
+  return "";
+}
+
+TEST_F(MainWindowTest, NoTextIsCutOffInALargeFontOrALongLanguage) {
+  const QFont usual = QApplication::font();
+  QFont large = usual;
+  large.setPointSize(20);
+  const auto expectWhole = [this](const char* what) {
+    for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
+      user.tab(tab);
+      // The lines of a text and the width of the window settle each other.
+      for (int round = 0; round < 5; ++round) {
+        window.resize(window.minimumSizeHint());
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+      }
+      EXPECT_EQ(cutWidget(window), "") << what << ", tab " << tab;
+    }
+  };
+  expectWhole("as it is");
+  QApplication::setFont(large);
+  expectWhole("a large font");
+  for (Control* control : form.Controls)
+    if (const std::string text = control->Caption; !text.empty())
+      control->Caption = text + " " + text.substr(0, text.size() / 2);
+  expectWhole("longer texts too");
+  QApplication::setFont(usual);
+}
+
+// From here on the program has ended, and no message box of the toolkit stays up any more.
+
+TEST_F(MainWindowTest, NothingButItsOwnWaysOutEndsTheProgram) {
+  press(Qt::Key_Q, Qt::ControlModifier);
+  press(Qt::Key_W, Qt::ControlModifier);
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(window.dispatch().ended());
+  user.type("2", true);
+  EXPECT_TRUE(form.cmdSave.Enabled);
+  world.messages.answers = {MsgBoxAnswer::Yes};
+  EXPECT_TRUE(window.close());
+  EXPECT_TRUE(window.dispatch().ended());
+  EXPECT_EQ(shown().size(), 1U);
+  // Events that are still on their way find nobody.
+  widget<QPushButton>("cmdExit").click();
+  EXPECT_TRUE(shown().empty());
+}
+
+TEST_F(MainWindowTest, WorkIsNotEnteredAgainAndItsFailureEndsTheProgram) {
+  int clicks = 0;
+  form.cmdExit.Click = [&] {
+    // As a timer might, while a message box is up.
+    if (++clicks < 3) widget<QPushButton>("cmdExit").click();
+    throw std::logic_error("broken");
+  };
+  widget<QPushButton>("cmdExit").click();
+  EXPECT_EQ(clicks, 1);
+  EXPECT_TRUE(window.dispatch().ended());
+  EXPECT_THROW(std::rethrow_exception(window.dispatch().failure()), std::logic_error);
+}
+
+}  // namespace dialwright
