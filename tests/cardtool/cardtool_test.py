@@ -198,6 +198,13 @@ class CardTool(unittest.TestCase):
                 self.assertIn(reason, result.stderr)
                 self.assertEqual(folder.cards(), [])
 
+    def test_stored_maps(self):
+        maps = sorted((TOOL.parent / "XMLShots").iterdir())
+        self.assertEqual(len(maps), 5)
+        for stored in maps:
+            with self.subTest(stored), Folder(stored.read_bytes()) as folder:
+                self.assertEqual((folder.run().returncode, len(folder.cards())), (0, 1))
+
     def test_a_card_is_replaced_whole_or_not_at_all(self):
         with Folder(WHOLE) as folder:
             folder.run()

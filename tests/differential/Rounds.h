@@ -37,19 +37,4 @@ class Dice {
   std::mt19937 engine;
 };
 
-/// A text as a reader of a report can see it.
-inline std::string Visible(std::string_view bytes) {
-  std::string result;
-  for (const char c : bytes) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= ' ' && byte < 0x7F && c != '\\') {
-      result += c;
-    } else {
-      result += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
-    }
-  }
-  return result;
-}
-
 }  // namespace dialwright
