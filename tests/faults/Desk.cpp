@@ -1,80 +1,146 @@
 #include "Desk.h"
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <stdexcept>
+
+#include "ScriptText.h"
 #include "shell/Lifecycle.h"
 
 namespace dialwright {
 
 namespace {
 
-void saved(Desk& desk) {
+namespace fs = std::filesystem;
+
+const fs::path source = DIALWRIGHT_SOURCE_DIR;
+const std::string scriptFolder = R"(c:\telhost\localize\scripts\)";
+
+void edited(Desk& desk) {
   desk.start();
   desk.save();
-}
-
-void savedAndEdited(Desk& desk) {
-  saved(desk);
   desk.edit();
 }
 
 void save(Desk& desk) { desk.save(); }
 
-void reset(Desk& desk) {
-  desk.messages.answers = {MsgBoxAnswer::Yes};
-  desk.form().mnuResetKeysToAlternateKeyMappingN.Click();
-}
-
-void restore(Desk& desk) { desk.form().mnuRestoreScripts.Click(); }
-
-void makeCard(Desk& desk) { desk.form().mnuWKWStandard.Click(); }
-
 constexpr Job jobs[] = {
-    {"save", savedAndEdited, save, save},
+    {"save", edited, save},
     {"restore",
      [](Desk& desk) {
-       saved(desk);
+       edited(desk);
        for (const std::string& path : slotScripts)
          desk.files.replace(path, "[MACROS]\r\n" + desk.files.read(path));
      },
-     restore, restore},
+     [](Desk& desk) { desk.form().mnuRestoreScripts.Click(); }},
     {"save with documents",
      [](Desk& desk) {
        desk.form().chkGenerateHelp.SetValue(1);
        desk.form().chkGeneratePDF.SetValue(1);
-       savedAndEdited(desk);
+       edited(desk);
      },
-     save, save},
-    {"preset", saved, reset,
+     save},
+    {"preset", edited,
      [](Desk& desk) {
-       reset(desk);
-       desk.save();
-     }},
-    {"reference card", saved, makeCard, makeCard},
-    {"start", [](Desk&) {}, [](Desk& desk) { desk.start(); },
-     [](Desk& desk) {
-       LoadKeyMapInfo(desk.form());
-       desk.edit();
-       desk.save();
+       desk.messages.answers = {MsgBoxAnswer::Yes};
+       desk.form().mnuResetKeysToAlternateKeyMappingN.Click();
      }},
 };
+
+/// The files of a drive, as their names are spelled.
+Files filesBelow(const fs::path& drive) {
+  Files files;
+  if (!fs::exists(drive)) return files;
+  for (const auto& entry : fs::recursive_directory_iterator(drive)) {
+    const std::string path = entry.path().lexically_relative(drive).string();
+    if (entry.is_regular_file())
+      files["C:\\" + ReplaceAll(path, "/", "\\")] = BytesOf(entry.path());
+  }
+  return files;
+}
+
+/// The script of which a path is the backup; nothing if it is none.
+std::string scriptOfBackup(std::string_view path) {
+  constexpr std::string_view backups = R"(c:\dialwright\backup\)";
+  return path.starts_with(backups) ? scriptFolder + std::string(path.substr(backups.size())) : "";
+}
+
+bool isSectionWise(const ScriptText& old, const ScriptText& whole, const ScriptText& now) {
+  bool holds = now.others == old.others;
+  for (std::size_t i = 0; i < ScriptText::sections; ++i)
+    holds = holds && (now.keys.at(i) == old.keys.at(i) || now.keys.at(i) == whole.keys.at(i));
+  return holds;
+}
+
+/// Whether a text has what the old one got to become the whole one.
+bool hasNewKeys(const ScriptText& old, const ScriptText& whole, const ScriptText& now) {
+  bool holds = true;
+  for (std::size_t i = 0; i < ScriptText::sections; ++i) {
+    ScriptText::Keys changed;
+    std::ranges::set_difference(whole.keys.at(i), old.keys.at(i),
+                                std::inserter(changed, changed.end()));
+    holds = holds && std::ranges::includes(now.keys.at(i), changed);
+  }
+  return holds;
+}
 
 }  // namespace
 
 std::span<const Job> Jobs() { return jobs; }
 
+const std::array<std::string, 3> slotScripts{scriptFolder + "macros_menualternate_custom.cdh",
+                                             scriptFolder + "submsgplay_alternate_custom.cde",
+                                             scriptFolder + "subsetupmenu_alternate1.cde"};
+
+const Files& ServerFiles(std::string_view name) {
+  static std::map<std::string, Files> servers;
+  Files& files = servers[std::string(name)];
+  if (!files.empty()) return files;
+  files = filesBelow(source / "sandbox" / name / "drive_c");
+  const std::string ours = "C:\\Dialwright\\";
+  for (const std::string file :
+       {"XMLShots/StandardKeyMap.XML", "SubMsgPlay_Alternate_Custom_Internal.cde"})
+    files[ours + ReplaceAll(file, "/", "\\")] = BytesOf(source / "program" / file);
+  files[ours + "PDFFoldoutBuilder\\tool"] = "";
+  for (const std::string version : {"Pre42", "_50"})
+    files[ours + "Blank_Map_Template" + version + ".htm"] =
+        "<p>%CONV_NAME%\r\n%MENU_NEW% %BODY_DELETE% %MSGMENU_SAVE% %MAIN_GREETINGS%\r\n";
+  return files;
+}
+
+OrdinaryUser::OrdinaryUser() {
+  ServerFiles();  // they may be the owner's alone
+  constexpr unsigned nobody = 65534;
+  if (getuid() == 0 && (setegid(nobody) != 0 || seteuid(nobody) != 0))
+    throw std::runtime_error("the rights cannot be given up");
+}
+
+OrdinaryUser::~OrdinaryUser() {
+  if (getuid() == 0 && (seteuid(0) != 0 || setegid(0) != 0)) std::abort();
+}
+
+Files Server::snapshot() const { return MemoryFileStore(filesBelow(folder / "drive_c")).all(); }
+
+void Server::putBack(const Files& files) {
+  Files now = snapshot();
+  for (const auto& [path, bytes] : now)
+    if (!files.contains(path)) fs::remove(disk.HostPath(path));
+  for (const auto& [path, bytes] : files)
+    if (!now.contains(path) || now[path] != bytes)
+      folder.write(fs::path(disk.HostPath(path)).lexically_relative(folder.path).string(), bytes);
+}
+
 Desk::Desk(FileStore& store, std::string_view server)
     : files(store),
       program(Services{store, registry, clock, processes, messages, checksums, languages, help},
               "C:\\Dialwright", "Dialwright") {
-  readRegistryFile(BytesOf(sandbox / server / "server.reg"), registry);
+  readRegistryFile(BytesOf(source / "sandbox" / server / "server.reg"), registry);
 }
 
-void Desk::start() {
-  try {
-    Form_Load(form());
-  } catch (const EndProgram&) {
-    printer.line("ended");
-  }
-}
+void Desk::start() { Form_Load(form()); }
 
 void Desk::edit() {
   for (KeyGrid& grid : form().gridKeyMap) {
@@ -94,6 +160,44 @@ void Desk::save() {
   messages.answers = {MsgBoxAnswer::Yes};
   form().cmdSave.Enabled = true;
   form().cmdSave.Click();
+}
+
+std::string FaultOfFiles(const Files& before, const Files& after, const Files& found,
+                         std::vector<std::string>& torn) {
+  for (const auto& [path, old] : before) {
+    const bool isDocument = path.ends_with("\\xmlkeymap.xml") || path.ends_with("mappings.htm");
+    if (isDocument) continue;
+    const auto entry = found.find(path);
+    if (entry == found.end()) return "gone: " + path;
+    const std::string& now = entry->second;
+    const std::string script = scriptOfBackup(path);
+    if (now == old || (!script.empty() && now == found.at(script))) continue;
+    if (!path.starts_with(scriptFolder)) return "changed: " + path;
+    const std::string& whole = after.at(path);
+    if (now == whole || isSectionWise(ScriptText(old), ScriptText(whole), ScriptText(now)))
+      continue;
+    if (!whole.starts_with(now)) return "neither old nor new: " + path;
+    torn.push_back(path);
+  }
+  return {};
+}
+
+std::string FaultOfRepeat(const Files& before, const Files& wanted, const Files& found,
+                          const std::vector<std::string>& torn) {
+  for (const auto& [path, bytes] : wanted) {
+    const auto now = found.find(path);
+    if (now == found.end()) return "not made again: " + path;
+    if (now->second == bytes) continue;
+    const std::string backup = scriptOfBackup(path);
+    const std::string& script = backup.empty() ? path : backup;
+    if (std::ranges::find(torn, script) == torn.end() || !ChecksumFits(now->second) ||
+        !hasNewKeys(ScriptText(before.at(script)), ScriptText(bytes), ScriptText(now->second)))
+      return "not put right: " + path;
+  }
+  for (const auto& [path, bytes] : found)
+    if (!wanted.contains(path) && path.find(".dialwright-") == std::string::npos)
+      return "more: " + path;
+  return {};
 }
 
 }  // namespace dialwright

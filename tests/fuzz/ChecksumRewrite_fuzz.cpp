@@ -1,19 +1,12 @@
 // The rewrite of the checksum line, with whatever stands in the file.
 
-#include <cstdint>
-#include <cstdlib>
-
-#include "Desk.h"
+#include "Fuzz.h"
 #include "ScriptText.h"
 #include "scripts/Checksum.h"
-#include "text/Ansi.h"
 
 namespace {
 
-using namespace dialwright;
-
 constexpr std::string_view path = R"(C:\a.cdh)";
-constexpr std::string_view utf16Mark = "\xFF\xFE";
 
 /// The rewritten text, line by line.
 std::string rewritten(std::string text, const std::string& checksumText) {
@@ -28,16 +21,11 @@ std::string rewritten(std::string text, const std::string& checksumText) {
   return result;
 }
 
-void need(bool holds) {
-  if (!holds) std::abort();
-}
-
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Check(const std::string& bytes) {
   static MemoryFileStore store;
   static Desk desk(store);
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
   store.put(path, bytes);
   const std::int32_t checksum = lngGetFileChecksum(desk.program, path);
   const std::string text = strChecksumText(checksum);
@@ -48,9 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   need(found == rewritten(wide ? Utf8ToAnsi(Utf16ToUtf8(bytes.substr(2))) : bytes, text));
   need(desk.printer.lines.empty());
   // A text whose first characters look like the mark is another text from then on.
-  if (found.starts_with(utf16Mark)) return 0;
+  if (found.starts_with(utf16Mark)) return;
   need(scriptChecksum(found) == checksum && ChecksumFits(found));
   UpdateChecksumForFile(desk.program, text, path);
   need(store.bytes(path) == found);
-  return 0;
 }

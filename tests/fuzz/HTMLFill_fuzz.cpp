@@ -1,19 +1,12 @@
 // The fill of one placeholder of the page, with whatever stands in it.
 
-#include <cstdint>
-#include <cstdlib>
-
-#include "Desk.h"
+#include "Fuzz.h"
 #include "documents/HTMLKeyMap.h"
-#include "text/Ansi.h"
 #include "text/Text.h"
 
 namespace {
 
-using namespace dialwright;
-
 constexpr std::string_view page = R"(C:\Dialwright\Conversation Key Mappings.HTM)";
-constexpr std::string_view utf16Mark = "\xFF\xFE";
 
 /// The text with each occurrence replaced, going from place to place; whether there was one.
 bool replace(std::string& text, std::string_view part, std::string_view with, bool anyCase) {
@@ -33,10 +26,10 @@ bool replace(std::string& text, std::string_view part, std::string_view with, bo
 }  // namespace
 
 /// The first two lines of the input are token and keys, what follows is the page.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Check(const std::string& bytes) {
   static MemoryFileStore store;
   static Desk desk(store);
-  std::string input(reinterpret_cast<const char*>(data), size);
+  std::string input = bytes;
   const auto line = [&input] {
     const std::size_t end = input.find('\n');
     std::string text = AnsiToUtf8(input.substr(0, end));
@@ -53,6 +46,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   replace(text, "%CONV_NAME%", "Dialwright", false);
   const bool filled = replace(text, "%" + std::string(Trim(token)) + "%", keys, true);
   const std::string wanted = filled ? std::string(utf16Mark) + Utf8ToUtf16(text) : input;
-  if (store.bytes(page) != wanted || !desk.printer.lines.empty()) std::abort();
-  return 0;
+  need(store.bytes(page) == wanted && desk.printer.lines.empty());
 }

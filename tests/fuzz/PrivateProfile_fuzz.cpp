@@ -5,51 +5,32 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 
-#include "MemoryFileStore.h"
+#include "Fuzz.h"
 #include "platform/PrivateProfile.h"
-#include "text/Ansi.h"
 
 namespace {
 
-using namespace dialwright;
-
 constexpr std::string_view path = "C:\\a.cdh";
 constexpr std::string_view absent = "\x01";  // no value below has it
-
-void need(bool holds) {
-  if (!holds) std::abort();
-}
 
 struct Step {
   std::string section, key, value;
 };
 
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-  return text;
-}
-
-/// What one write took out of a file and what it put in, between what stayed.
-std::pair<std::string_view, std::string_view> change(std::string_view before,
-                                                     std::string_view after) {
-  const auto front = std::ranges::mismatch(before, after);
-  before.remove_prefix(static_cast<std::size_t>(front.in1 - before.begin()));
-  after.remove_prefix(static_cast<std::size_t>(front.in2 - after.begin()));
-  while (!before.empty() && !after.empty() && before.back() == after.back()) {
-    before.remove_suffix(1);
-    after.remove_suffix(1);
-  }
-  return {before, after};
+/// A value without the white space around it and without one pair of quotes.
+std::string_view plain(std::string_view text) {
+  text = text.substr(std::min(text.find_first_not_of(" \t"), text.size()));
+  text = text.substr(0, text.find_last_not_of(" \t") + 1);
+  const bool quoted = text.size() > 1 && (text[0] == '"' || text[0] == '\'');
+  return quoted && text.back() == text[0] ? text.substr(1, text.size() - 2) : text;
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  FuzzedDataProvider input(data, size);
+void Check(const std::string& bytes) {
+  FuzzedDataProvider input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
   std::vector<Step> steps(input.ConsumeIntegralInRange<std::size_t>(1, 4));
   const auto without = [](std::string_view characters, std::string text) {
     std::erase_if(text, [characters](char c) { return characters.find(c) != std::string::npos; });
@@ -75,18 +56,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool written = profile.WritePrivateProfileStringA(section, key, value, path);
     need(batchedProfile.WritePrivateProfileStringA(section, key, value, path) == written);
     need(get(profile) == get(batchedProfile));
-    const auto [out, in] = change(before, store.bytes(path));
-    if (!written) need(get(profile) == old && out.empty() && in.empty());
+    // What the write took out of the file and what it put in, between what stayed.
+    const std::string& after = store.bytes(path);
+    const auto front = std::ranges::mismatch(before, after);
+    std::string_view out(front.in1, before.end());
+    std::string_view in(front.in2, after.end());
+    while (!out.empty() && !in.empty() && out.back() == in.back()) {
+      out.remove_suffix(1);
+      in.remove_suffix(1);
+    }
+    need(get(profile) == (written ? plain(value) : old));
+    need(written || after == before);
     if (!written) continue;
-    std::string_view plain = trimmed(value);
-    if (plain.size() > 1 && (plain[0] == '"' || plain[0] == '\'') && plain.back() == plain[0])
-      plain = plain.substr(1, plain.size() - 2);
-    need(get(profile) == plain);
     // A new key takes nothing away, a new value nothing but the old one.
     need(old == absent ? out.empty() : out.find_first_of("\r\n") == std::string_view::npos);
     if (old != absent) need(Utf8ToAnsi(value).find(in) != std::string::npos);
   }
   batch.reset();
   need(store.bytes(path) == batchedStore.bytes(path));
-  return 0;
 }

@@ -5,38 +5,30 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <set>
-#include <span>
 
-#include "Desk.h"
+#include "Fuzz.h"
 #include "ScriptText.h"
-#include "Server.h"
-#include "keymap/Catalogue.h"
 #include "scripts/SetupOptions.h"
 #include "transcript/HeadlessUser.h"
 
-namespace dialwright {
-
 namespace {
-
-using Lines = std::vector<std::string>;
 
 constexpr const char* servers[] = {"merid-7.0-2.0", "merid-5.0-0.30", "merid-4.0-5.0",
                                    "tessel-1.1-0.0"};
 
-/// What asks before it is done.
-constexpr const char* questions[] = {"mnuResetKeysToStandardConversation",
-                                     "mnuResetKeysToOptionalConversation1",
-                                     "mnuResetKeysToAlternateKeyMappingN",
-                                     "mnuResetKeysToAlternateKeyMappingS",
-                                     "mnuResetKeysToAlternateKeyMappingX",
-                                     "mnuResetKeysToVarloInternal",
-                                     "mnuSelectDialwright",
-                                     "mnuSelectDialwright2",
-                                     "mnuSelectDialwright3",
-                                     "mnuRestoreScripts"};
+/// What asks before it is done, without "mnu".
+constexpr const char* questions[] = {"ResetKeysToStandardConversation",
+                                     "ResetKeysToOptionalConversation1",
+                                     "ResetKeysToAlternateKeyMappingN",
+                                     "ResetKeysToAlternateKeyMappingS",
+                                     "ResetKeysToAlternateKeyMappingX",
+                                     "ResetKeysToVarloInternal",
+                                     "SelectDialwright",
+                                     "SelectDialwright2",
+                                     "SelectDialwright3",
+                                     "RestoreScripts"};
 
 constexpr std::string_view texts[] = {"",  "1",  "2",   "3",  "12", "77",  "#",
                                       "*", "*1", "# *", "-5", "+5", "1E1", "999"};
@@ -49,125 +41,113 @@ constexpr std::pair<std::string_view, std::size_t> refusals[] = {
 };
 
 constexpr std::size_t noSection = ScriptText::sections;
-constexpr std::size_t longest = 50;  // steps
 
 /// The lists that a save derives from the keys of a grid, by their plain definition, by name behind
 /// the prefix.
-std::map<std::string, std::string> plainLists(const KeyGrid& grid, std::size_t index) {
-  constexpr std::string_view inPlace[] = {"_SLOWDOWN", "_SPEEDUP", "_PAUSE", "_VOLUME"};
-  std::string inactive, doubles, extended, ending = "ABCD";
-  std::set<char> active;
+ScriptText::Keys plainLists(const KeyGrid& grid, std::size_t index) {
+  std::string used, inactive, doubles, extended, ending = "ABCD";
   const auto list = [](std::string& keys, const std::string& key) {
-    keys.append(keys.empty() ? "" : ",").append(key);
+    keys += (keys.empty() ? "" : ",") + key;
   };
   for (int row = 1; row < grid.Rows(); ++row) {
     const std::string& key = grid.Text(row, Column::KeyAssignment);
     const std::string& token = grid.Text(row, Column::ActionToken);
     if (key.empty()) continue;
-    active.insert(key[0]);
+    used += key[0];
     if (key.size() == 2) list(extended, key);
     if (key.size() == 2 && key[0] == key[1]) list(doubles, key.substr(1));
-    const bool stays = std::ranges::any_of(
-        inPlace, [&](std::string_view part) { return token.find(part) != std::string::npos; });
-    if (key.size() <= 2 && !stays && ending.find(key[0]) == std::string::npos)
+    bool inPlace = false;
+    for (const char* part : {"_SLOWDOWN", "_SPEEDUP", "_PAUSE", "_VOLUME"})
+      inPlace = inPlace || token.find(part) != std::string::npos;
+    if (key.size() <= 2 && !inPlace && ending.find(key[0]) == std::string::npos)
       ending.insert(0, 1, key[0]);
   }
   for (const char key : std::string_view("1234567890*#"))
-    if (!active.contains(key)) inactive += key;
+    if (used.find(key) == std::string::npos) inactive += key;
   if (index == 0)
     return {{"INACTIVE_KEYS", inactive},
             {"SHORTCUT_IGNORE_KEYS", inactive + "ABCD"},
             {"EXTENDED_DOUBLE_TT_KEYS", extended}};
-  std::map<std::string, std::string> lists{{"DOUBLE_KEYS", doubles},
-                                           {"EXTENDED_DOUBLE_KEYS", extended}};
   if (index == 4)
-    lists.insert({{"INACTIVE_KEYS", inactive}, {"SHORTCUT_IGNORE_KEYS", "ABCD"}});
-  else
-    lists.insert({{"IGNORE_KEYS", ""},
-                  {"INVALID_KEYS", ""},
-                  {"TERMINATE_PLAYBACK_KEYS", ending + inactive}});
-  return lists;
-}
-
-bool isKnown(std::size_t grid, std::string_view token) {
-  if (grid == 0) return FindAction(MainMenuActions(), token) != nullptr;
-  if (grid == 4) return FindAction(AfterMessageActions(), token) != nullptr;
-  if (grid == 5) return FindAction(GlobalActions(), token) != nullptr;
-  return FindAction(PlaybackActions(), token, keyPrefixes.at(grid)) != nullptr;
+    return {{"DOUBLE_KEYS", doubles},
+            {"EXTENDED_DOUBLE_KEYS", extended},
+            {"INACTIVE_KEYS", inactive},
+            {"SHORTCUT_IGNORE_KEYS", "ABCD"}};
+  return {{"DOUBLE_KEYS", doubles},
+          {"EXTENDED_DOUBLE_KEYS", extended},
+          {"IGNORE_KEYS", ""},
+          {"INVALID_KEYS", ""},
+          {"TERMINATE_PLAYBACK_KEYS", ending + inactive}};
 }
 
 /// The files of a server, with little of what stands in the scripts behind the keys.
-const Files& smallServer(const std::string& name) {
+Files smallServer(const std::string& name) {
   static std::map<std::string, Files> servers;
-  const auto [server, isNew] = servers.try_emplace(name);
-  if (!isNew) return server->second;
-  server->second = ServerFiles(name);
-  for (auto& [path, text] : server->second)
+  Files& files = servers[name];
+  if (!files.empty()) return files;
+  files = ServerFiles(name);
+  for (auto& [path, text] : files)
     if (const std::size_t at = text.find("[SCRIPT]"); at != std::string::npos)
       text.erase(at + 200, text.size() - at - 300);
-  return server->second;
+  return files;
 }
 
 class Walk {
  public:
-  explicit Walk(std::span<const std::uint8_t> allBytes) : bytes(allBytes) {}
+  explicit Walk(std::string_view allBytes) : bytes(allBytes) {}
 
-  std::string run() {
+  void run() {
     desk.start();
     checkFiles(0);
     checkGrids();
-    while (wrong.empty() && !bytes.empty() && steps.size() < longest) {
+    for (int steps = 0; !bytes.empty() && steps < 50; ++steps) {
       const int tab = form.SSTab1.Tab();
-      step();
+      step(tab);
       if (tab < gridCount) checkGrid(static_cast<std::size_t>(tab));
     }
     checkGrids();
-    if (wrong.empty()) return {};
-    std::string text = wrong + " on " + server + "\n";
-    for (const std::string& each : steps) text += "> " + each + "\n";
-    return text;
   }
 
  private:
+  [[noreturn]] void fail(const std::string& what) {
+    std::fprintf(stderr, "%s on %s\n%s", what.c_str(), server.c_str(), played.c_str());
+    std::abort();
+  }
+
   std::size_t next(std::size_t count) {
     if (bytes.empty()) return 0;
-    const std::size_t value = bytes.front();
-    bytes = bytes.subspan(1);
+    const std::size_t value = static_cast<unsigned char>(bytes.front());
+    bytes.remove_prefix(1);
     return value % count;
   }
   int number(std::size_t count) { return static_cast<int>(next(count)); }
 
-  void fail(const std::string& what) {
-    if (wrong.empty()) wrong = what;
-  }
+  /// Notes a step, as a transcript has it.
+  void did(const std::string& words) { played += "> " + words + "\n"; }
 
-  void step() {
-    const int tab = form.SSTab1.Tab();
-    const auto did = [this](const std::string& word, const auto&... words) {
-      steps.push_back((word + ... + (" " + words)));
-    };
+  void step(int tab) {
     const std::size_t kind = next(16);
     if (kind < 2) {
       const int to = number(7);
-      did("tab", std::to_string(to));
+      did("tab " + std::to_string(to));
       user.tab(to);
     } else if (kind < 4) {
       const int grid = tab < gridCount ? tab : 0;
       const int row = number(40);
-      did("row", std::to_string(grid), std::to_string(row));
+      did("row " + std::to_string(grid) + " " + std::to_string(row));
       user.row(grid, row);
     } else if (kind < 8) {
       const bool all = kind < 7;
       const std::string text =
           all ? std::string(texts[next(std::size(texts))]) : std::to_string(next(10));
-      did(all ? "type" : "add", "\"" + text + "\"");
+      did((all ? "type \"" : "add \"") + text + "\"");
       user.type(text, all);
     } else if (kind == 8) {
       did("leave");
       user.leave();
     } else if (kind == 9) {
       const bool up = next(2) == 0;
-      did("spin", std::string(up ? "up" : "down"));
+      did(up ? "spin up" : "spin down");
       user.spin(up);
     } else if (kind < 12) {
       const SetupOption& option = SetupOptions()[next(SetupOptions().size())];
@@ -175,20 +155,19 @@ class Walk {
       const std::string name = kind == 11 ? boxes[next(std::size(boxes))]->Name
                                           : "chkDontVoiceAction(" + std::to_string(tab) + ")";
       const int value = number(2);
-      did("set", name, std::to_string(value));
+      did("set " + name + " " + std::to_string(value));
       user.set(name, value);
     } else if (kind < 14) {
       const bool yes = next(3) != 0;
-      const std::string name = questions[next(std::size(questions))];
-      did("answer", std::string(yes ? "Yes" : "No"));
-      did("click", name);
+      const std::string name = std::string("mnu") + questions[next(std::size(questions))];
+      did((yes ? "answer Yes\n> click " : "answer No\n> click ") + name);
       desk.messages.answers.assign(3, yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No);
       user.click(name);
+      firstTokens.clear();                                      // other keys, other rows
       checkFiles(name == "mnuRestoreScripts" ? noSection : 0);  // the others write nothing
       checkGrids();
     } else if (form.cmdSave.Enabled) {
-      did("answer", std::string("Yes"));
-      did("click", std::string("cmdSave"));
+      did("answer Yes\n> click cmdSave");
       save();
     }
   }
@@ -196,8 +175,8 @@ class Walk {
   void save() {
     desk.messages.answers = {MsgBoxAnswer::Yes};
     desk.printer.lines.clear();
-    const bool held = user.click("cmdSave") != Outcome::done;
-    if (held) return checkFiles(0);  // the edit box has kept the focus
+    // The edit box may keep the focus.
+    if (user.click("cmdSave") != Outcome::done) return checkFiles(0);
     std::size_t refused = noSection;
     bool saved = form.chkGenerateHelp.Value() != 0 || form.chkGeneratePDF.Value() != 0;
     for (const std::string& line : desk.printer.lines) {
@@ -251,37 +230,32 @@ class Walk {
 
   void checkGrid(std::size_t index) {
     const KeyGrid& grid = form.gridKeyMap.at(index);
-    std::set<std::string_view> tokens;
+    std::set<std::string> tokens;
     bool voiced = true;
     for (int row = 1; row < grid.Rows(); ++row) {
       const std::string& token = grid.Text(row, Column::ActionToken);
-      if (!tokens.insert(token).second || !isKnown(index, token)) fail("token " + token);
+      if (token.empty() || !tokens.insert(token).second) fail("twice: token " + token);
       if (index >= 1 && index <= 3) continue;
       const std::string& order = grid.Text(row, Column::Order);
       voiced = voiced && order != "99999";
       if (order != (voiced ? std::to_string(row * 10) : "99999"))
         fail("order " + order + " in grid " + std::to_string(index));
     }
+    if (tokens != firstTokens.try_emplace(index, tokens).first->second) fail("other tokens");
   }
 
-  std::span<const std::uint8_t> bytes;
+  std::string_view bytes;
   const std::string server = servers[next(std::size(servers))];
-  Files seen = smallServer(server);
-  MemoryFileStore store{seen};
+  MemoryFileStore store{smallServer(server)};
+  Files seen = store.all();
   Desk desk{store, server};
   frmMain& form = desk.form();
   HeadlessUser user{desk.program};
-  Lines steps;
+  std::string played;
   std::map<std::string, ScriptText> parsed;
-  std::string wrong;
+  std::map<std::size_t, std::set<std::string>> firstTokens;
 };
 
 }  // namespace
-}  // namespace dialwright
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string wrong = dialwright::Walk({data, size}).run();
-  if (wrong.empty()) return 0;
-  std::fprintf(stderr, "%s", wrong.c_str());
-  std::abort();
-}
+void Check(const std::string& bytes) { Walk(bytes).run(); }

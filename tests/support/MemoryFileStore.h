@@ -18,18 +18,22 @@ namespace dialwright {
 /// Bytes by path of the system, in lower case.
 using Files = std::map<std::string, std::string>;
 
-enum class Operation {
-  kind,
-  stamp,
-  names,
-  read,
-  open,
-  write,
-  close,
-  replace,
-  copy,
-  remove,
-  folder
+/// One operation on files, as the system asked for it.
+struct FileOperation {
+  enum Kind { question, names, read, open, write, close, replace, copy, remove, folder };
+  Kind kind;
+  std::string path;  ///< in lower case; of a copy the target
+};
+
+/// How an operation fails.
+struct Fault {
+  /// What is done before it fails: nothing, all of it, or of what is written the first half.
+  enum class Reach { nothing, half, all };
+  std::string_view name;
+  Failure failure;
+  Reach reach;
+  bool hides = false;    ///< the questions fail too: what is there is not seen
+  bool lasting = false;  ///< all later operations fail as well
 };
 
 /// Files in memory. A folder is there once it is made or something lies in it. Reads and rewrites
@@ -50,18 +54,26 @@ class MemoryFileStore : public FileStore {
     return content;
   }
 
+  /// From here on operations are remembered; number `number` (from 0) fails if there is a fault.
+  void arm(const std::optional<Fault>& fault, std::size_t number) {
+    armed = fault;
+    failing = number;
+    remembering = true;
+  }
+  void disarm() { remembering = false; }
+
   Kind kind(std::string_view path) override {
-    if (hides(Operation::kind, path)) return Kind::none;
+    if (hides(path)) return Kind::none;
     if (files.contains(LowerCase(path))) return Kind::file;
     return isFolder(path) ? Kind::folder : Kind::none;
   }
   std::optional<FileStamp> stamp(std::string_view path) override {
     const auto found = files.find(LowerCase(path));
-    if (hides(Operation::stamp, path) || found == files.end()) return std::nullopt;
+    if (hides(path) || found == files.end()) return std::nullopt;
     return FileStamp{0, 0, found->second.bytes.size(), found->second.revision};
   }
   std::vector<std::string> fileNames(std::string_view folder) override {
-    act(Operation::names, folder);
+    act(FileOperation::names, folder);
     if (!isFolder(folder)) throw RuntimeFailure(Failure::pathNotFound);
     const std::string inside = below(folder);
     std::vector<std::string> names;
@@ -74,16 +86,16 @@ class MemoryFileStore : public FileStore {
   std::string read(std::string_view path) override {
     ++reads;
     if (failRead) throw RuntimeFailure(*failRead);
-    act(Operation::read, path);
+    act(FileOperation::read, path);
     return at(path).bytes;
   }
   void replace(std::string_view path, std::string_view bytes) override {
     ++replaces;
     if (failReplace) throw RuntimeFailure(*failReplace);
-    act(Operation::replace, path, [&] { at(path) = Entry{std::string(bytes), ++revisions}; });
+    act(FileOperation::replace, path, [&] { at(path) = Entry{std::string(bytes), ++revisions}; });
   }
   std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override {
-    act(Operation::open, path, [&] {
+    act(FileOperation::open, path, [&] {
       if (const bool is = files.contains(LowerCase(path)); !is && !create)
         at(path);
       else if (!is || opening == Opening::truncate)
@@ -92,13 +104,13 @@ class MemoryFileStore : public FileStore {
     return std::make_unique<Output>(*this, path);
   }
   void remove(std::string_view path, bool) override {
-    act(Operation::remove, path, [&] {
+    act(FileOperation::remove, path, [&] {
       at(path);
       files.erase(LowerCase(path));
     });
   }
   void copy(std::string_view from, std::string_view to, bool overwrite) override {
-    act(Operation::copy, to, [&] {
+    act(FileOperation::copy, to, [&] {
       const std::string bytes = at(from).bytes;
       if (!overwrite && files.contains(LowerCase(to)))
         throw RuntimeFailure(Failure::fileAlreadyExists);
@@ -107,24 +119,14 @@ class MemoryFileStore : public FileStore {
     });
   }
   void createFolder(std::string_view path) override {
-    act(Operation::folder, path, [&] { folders.insert(below(path)); });
+    act(FileOperation::folder, path, [&] { folders.insert(below(path)); });
   }
 
   std::optional<Failure> failRead;
   std::optional<Failure> failReplace;
   int reads = 0;
   int replaces = 0;
-
- protected:
-  using Action = std::function<void()>;
-
-  /// Whoever derives hears of each operation: what is there may go unseen, what is to be done may
-  /// fail, with half of a write done.
-  virtual bool hides(Operation, std::string_view) { return false; }
-  virtual void act(
-      Operation, std::string_view, const Action& whole = [] {}, const Action& = [] {}) {
-    whole();
-  }
+  std::vector<FileOperation> operations;
 
  private:
   struct Entry {
@@ -134,17 +136,32 @@ class MemoryFileStore : public FileStore {
   struct Output : OutputFile {
     Output(MemoryFileStore& theStore, std::string_view thePath) : store(theStore), path(thePath) {}
     void write(std::string_view more) override {
-      const auto add = [&](std::string_view part) {
-        store.put(path, store.bytes(path) + std::string(part));
+      const auto add = [&](std::size_t count) {
+        store.put(path, store.bytes(path) + std::string(more.substr(0, count)));
       };
       store.act(
-          Operation::write, path, [&] { add(more); },
-          [&] { add(more.substr(0, more.size() / 2)); });
+          FileOperation::write, path, [&] { add(more.size()); }, [&] { add(more.size() / 2); });
     }
-    void close() override { store.act(Operation::close, path); }
+    void close() override { store.act(FileOperation::close, path); }
     MemoryFileStore& store;
     std::string path;
   };
+
+  bool fails(FileOperation::Kind kind, std::string_view path) {
+    if (!remembering) return false;
+    operations.push_back({kind, LowerCase(path)});
+    const std::size_t count = operations.size();
+    return armed && (count == failing + 1 || (armed->lasting && count > failing));
+  }
+  bool hides(std::string_view path) { return fails(FileOperation::question, path) && armed->hides; }
+  void act(
+      FileOperation::Kind kind, std::string_view path, const std::function<void()>& whole = [] {},
+      const std::function<void()>& half = [] {}) {
+    if (!fails(kind, path)) return whole();
+    if (armed->reach == Fault::Reach::all) whole();
+    if (armed->reach == Fault::Reach::half) half();
+    throw RuntimeFailure(armed->failure);
+  }
 
   /// What the paths of all that lies in a folder begin with.
   static std::string below(std::string_view folder) {
@@ -164,6 +181,9 @@ class MemoryFileStore : public FileStore {
   std::map<std::string, Entry> files;
   std::set<std::string> folders;
   std::int64_t revisions = 0;
+  bool remembering = false;
+  std::optional<Fault> armed;
+  std::size_t failing = 0;
 };
 
 }  // namespace dialwright

@@ -9,9 +9,6 @@
 
 namespace dialwright {
 
-const std::array<std::string_view, ScriptText::sections - 1> keyPrefixes{
-    "MENU_", "HEADER_", "BODY_", "FOOTER_", "MSGMENU_", "GLOBAL_"};
-
 namespace {
 
 /// Which section writes a key; their number for none.
