@@ -13,13 +13,15 @@ namespace {
 
 /// Cells with some room around their texts, so that a long list reads easily. The current row is
 /// the one that the boxes edit, and looks it wherever the keyboard is: Windows greys it otherwise.
+/// All cells are of one line: their sizes need no layout of the text, of which a start has hundreds.
 class RoomyCells : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const int room = option.fontMetrics.height();
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * room, room / 2);
+    const int line = option.fontMetrics.height();
+    const QString text = index.data(Qt::DisplayRole).toString();
+    return {option.fontMetrics.horizontalAdvance(text) + 5 * line / 2, 3 * line / 2};
   }
 
  protected:
@@ -45,13 +47,25 @@ GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
   verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   setItemDelegate(new RoomyCells(this));
+  fitRows();
   // Columns as wide as their texts: a text too long for the view scrolls and is never cut.
   horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);
+}
+
+void GridView::fitRows() {
+  const int height = 3 * fontMetrics().height() / 2;
+  verticalHeader()->setMinimumSectionSize(height);
+  verticalHeader()->setDefaultSectionSize(height);
+}
+
+void GridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitRows();
 }
 
 void GridView::refresh() {

@@ -23,6 +23,7 @@ class GridView : public QTableView {
   std::function<void(int row)> rowWanted;  ///< by a key
 
  protected:
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override { event->accept(); }
@@ -35,6 +36,8 @@ class GridView : public QTableView {
 
  private:
   int rowsOnAPage() const;
+  /// Makes the rows as high as the font wants them.
+  void fitRows();
   void showCurrentRow();
 
   const KeyGrid& grid;
