@@ -13,7 +13,8 @@ namespace {
 
 /// Cells with some room around their texts, so that a long list reads easily. The current row is
 /// the one that the boxes edit, and looks it wherever the keyboard is: Windows greys it otherwise.
-/// All cells are of one line: their sizes need no layout of the text, of which a start has hundreds.
+/// All cells are of one line: their sizes need no layout of the text, of which a start has
+/// hundreds.
 class RoomyCells : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
