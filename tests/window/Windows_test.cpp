@@ -9,6 +9,7 @@
 
 #include "WindowTest.h"
 #include "desktop/AboutDialog.h"
+#include "desktop/GridView.h"
 #include "desktop/MainWindow.h"
 #include "desktop/QtMessageBoxes.h"
 #include "desktop/WrapLabel.h"
@@ -159,11 +160,32 @@ TEST_F(MainWindowTest, NoTextIsCutOffInALargeFontOrALongLanguage) {
   expectWhole("as it is");
   QApplication::setFont(large);
   expectWhole("a large font");
+  const auto& grid = widget<GridView>("gridKeyMap(0)");
+  EXPECT_GE(grid.rowHeight(0), grid.fontMetrics().height());
+  for (int row = 0; row < grid.model()->rowCount(); ++row) {
+    const QString action = grid.model()->index(row, 0).data().toString();
+    EXPECT_GT(grid.columnWidth(0), grid.fontMetrics().horizontalAdvance(action));
+  }
   for (Control* control : form.Controls)
     if (const std::string text = control->Caption; !text.empty())
       control->Caption = text + " " + text.substr(0, text.size() / 2);
   expectWhole("longer texts too");
   QApplication::setFont(usual);
+}
+
+TEST_F(MainWindowTest, TheRowThatTheBoxesEditIsMarkedWhereverTheKeyboardIs) {
+  auto& grid = widget<GridView>("gridKeyMap(0)");
+  QPalette colors = grid.palette();
+  for (const auto group : {QPalette::Active, QPalette::Inactive})
+    colors.setColor(group, QPalette::Highlight, group == QPalette::Active ? Qt::blue : Qt::gray);
+  grid.setPalette(colors);
+  QWidget another;
+  another.show();
+  another.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&another));
+  const QRect row = grid.visualRect(grid.currentIndex());
+  EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(row.topRight() - QPoint(2, -2)),
+            QColor(Qt::blue));
 }
 
 // From here on the program has ended, and no message box of the toolkit stays up any more.
