@@ -238,6 +238,16 @@ constexpr EnglishStringRow kRows[] = {
     {1235, "Global commands are available at any menu point in subscriber conversation.  Input locations (like asking for a phone number, changing a password, spelling a name) do not support globals."},
     {1236, "Forward without Voice Introductions"},
     {1237, "This allows a forwarded message to not contain any of the voice introduction attachments that may be present on the original voice message.  All other attachments on the original voice message are retained.  The message sender may add their own voice introduction prior to submitting the message for delivery."},
+
+    // What stands beside the form, by what it is about:
+    // 1300: the window
+    // 1350: what came of a save, and earlier versions
+    // 1380: findings, keypad, trying, finding an action
+    // 1450: taking back, changes, status line
+    // 1490: key map files
+    // 1510: the terminal
+    // 1530: the card
+    // 1550: opening a server
 };
 // clang-format on
 
