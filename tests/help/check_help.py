@@ -47,11 +47,11 @@ class Page:
 def strings_of(root):
     """The string table, number to text, and all texts of the sources: some messages and captions stand there."""
     table, texts = {}, set(COMPOSED)
-    for path in root.glob("src/**/*.cpp"):
-        for number, literals in re.findall(r'(?:\{(\d{4}), )?((?:"(?:[^"\\\n]|\\.)*"\s*)+)', path.read_text("utf-8")):
+    for path in (*root.glob("src/**/*.cpp"), *root.glob("src/language/*.inc")):
+        for number, literals in re.findall(r'(?:ENTRY\((\d{4}), )?((?:"(?:[^"\\\n]|\\.)*"\s*)+)', path.read_text("utf-8")):
             text = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', literals))
             texts.add(words(re.sub(r"\\(.)", r"\1", re.sub(r"\\[nrt]", " ", text))))
-            if number and path.name == "EnglishStrings.cpp":
+            if number:
                 table[int(number)] = words(text.replace('\\"', '"'))
     return table, texts
 

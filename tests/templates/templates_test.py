@@ -23,7 +23,7 @@ TEMPLATES = [("Blank_Map_TemplatePre42.htm", (4, 2, 0, 37)), ("Blank_Map_Templat
 def actions(version, older=False):
     """All tokens that a save on a server of the version can hand over, with their labels."""
     source = (ROOT / "src/keymap/CatalogueTables.cpp").read_text()
-    strings = dict(re.findall(r'\{(\d{4}), "(.*)"\}', (ROOT / "src/language/EnglishStrings.cpp").read_text("utf-8")))
+    strings = dict(re.findall(r'ENTRY\((\d{4}), "(.*)"\)', (ROOT / "src/language/FormStrings.inc").read_text("utf-8")))
     gates = {name: tuple(map(int, numbers.split(",")))
              for name, numbers in re.findall(r"Gate (\w+)\{([\d, ]+)\}", source)}
     for menu, rows in re.findall(r"Action (\w+)\[\] = \{(.*?)\n\};", source, re.S):
