@@ -12,9 +12,9 @@
 #include <string_view>
 
 #include "Pairs.h"
-#include "platform/FileStorePosix.h"
-#include "platform/PrivateProfile.h"
+#include "files/PrivateProfile.h"
 #include "platform/ScriptChecksumComponent.h"
+#include "platform/posix/FileStorePosix.h"
 
 namespace dialwright {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Pairs.h"
-#include "shell/Lifecycle.h"
+#include "shell/events/Lifecycle.h"
 #include "shell/frmMain.h"
 #include "transcript/World.h"
 

@@ -16,8 +16,8 @@
 #include "desktop/SetupPage.h"
 #include "desktop/TabPage.h"
 #include "desktop/Texts.h"
-#include "shell/Lifecycle.h"
 #include "shell/Program.h"
+#include "shell/events/Lifecycle.h"
 #include "shell/frmMain.h"
 
 namespace dialwright {

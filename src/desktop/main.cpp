@@ -11,7 +11,8 @@
 #include "desktop/QtMessageBoxes.h"
 #include "desktop/QtText.h"
 #include "desktop/Texts.h"
-#include "shell/Lifecycle.h"
+#include "shell/events/Lifecycle.h"
+#include "shell/events/MainEvents.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
 
@@ -34,6 +35,7 @@ void runProgram() {
   Program program(host->services(messages), folder,
                   fromQt(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName()));
 
+  ConnectEvents(*program.main);
   MainWindow window(program);
   messages.window = &window;
   Dispatch& dispatch = window.dispatch();

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/FailureTrap.h"
+#include "messages/FailureTrap.h"
 #include "shell/Program.h"
 
 namespace dialwright {
@@ -23,7 +23,7 @@ constexpr ReferenceCard referenceCards[] = {
 std::span<const ReferenceCard> ReferenceCards() { return referenceCards; }
 
 void GeneratePDFWalletCard(frmMain& form, std::string_view source) {
-  const FailureTrap step{form, FailurePrefix::fixed, "GeneratePDFWalletCard"};
+  const FailureTrap step{form.program, FailurePrefix::fixed, "GeneratePDFWalletCard"};
   Program& program = form.program;
   FileSystemObject& files = program.files;
   const std::string tool = program.folder + "\\PDFFoldoutBuilder";

@@ -5,7 +5,7 @@
 
 #include "documents/HTMLKeyMap.h"
 #include "documents/TaskLabels.h"
-#include "shell/FailureTrap.h"
+#include "messages/FailureTrap.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
@@ -45,7 +45,7 @@ void append(frmMain& form, std::string_view text) {
 
 /// Appends to a document that is there; a failure is reported under the procedure's name.
 void appendIfThere(frmMain& form, std::string_view procedure, std::string_view text) {
-  const FailureTrap step{form, FailurePrefix::fixed, procedure};
+  const FailureTrap step{form.program, FailurePrefix::fixed, procedure};
   if (form.program.files.FileExists(form.strXMLKeyMapFile)) step([&] { append(form, text); });
 }
 
@@ -63,7 +63,7 @@ void writeRow(frmMain& form, std::string_view text) {
 
 void ConstructKeyDocument(frmMain& form, std::string_view token, std::string_view keys,
                           std::string_view sectionName, bool firstRow, bool) {
-  const FailureTrap step{form, FailurePrefix::fixed, "ConstructKeyDocument"};
+  const FailureTrap step{form.program, FailurePrefix::fixed, "ConstructKeyDocument"};
   Program& program = form.program;
   if (!program.files.FileExists(program.folder + std::string(strHelpFileName))) return;
   const std::string unquoted = ReplaceAll(keys, "\"", "");

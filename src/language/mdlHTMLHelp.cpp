@@ -1,7 +1,8 @@
 #include "language/mdlHTMLHelp.h"
 
+#include "files/FileSystemObject.h"
+#include "language/modLocalize.h"
 #include "platform/Failure.h"
-#include "shell/Program.h"
 
 namespace dialwright {
 
@@ -15,25 +16,24 @@ constexpr unsigned closePause = 500;  // milliseconds
 }  // namespace
 
 std::string mdlHTMLHelp::getHelpFileName() {
-  const std::string start = program.folder + "\\Dialwright";
-  const std::string code = program.language.GetLanguageCode(program.language.lCurrentLanguage);
+  const std::string start = folder + "\\Dialwright";
+  const std::string code = language.GetLanguageCode(language.lCurrentLanguage);
   for (const std::string& path : {start + "_" + code + ".chm", start + "_ENU.chm"})
-    if (program.files.FileExists(path)) return path;
+    if (files.FileExists(path)) return path;
   return start + ".chm";
 }
 
 void mdlHTMLHelp::showCHMHelp(std::string_view path, WindowHandle owner,
                               std::optional<std::uint32_t> topic) {
   try {
-    hHelpWindow = program.services.help.HtmlHelpA(owner, path, topic ? helpContext : displayTopic,
-                                                  topic.value_or(0));
+    hHelpWindow =
+        viewer.HtmlHelpA(owner, path, topic ? helpContext : displayTopic, topic.value_or(0));
   } catch (const RuntimeFailure&) {
     // Help that cannot be shown is the viewer's to report.
   }
 }
 
 void mdlHTMLHelp::CloseHelpWindow() {
-  HelpViewer& viewer = program.services.help;
   if (viewer.IsWindow(hHelpWindow)) viewer.SendMessageA(hHelpWindow, closeMessage, 0, 0);
   viewer.Sleep(closePause);
 }

@@ -9,12 +9,16 @@
 
 namespace dialwright {
 
-class Program;
+class FileSystemObject;
+class modLocalize;
 
 /// The compiled help and its window.
 class mdlHTMLHelp {
  public:
-  explicit mdlHTMLHelp(Program& theProgram) : program(theProgram) {}
+  /// `helpFolder` is without a backslash at its end; all that is given outlives this.
+  mdlHTMLHelp(HelpViewer& helpViewer, FileSystemObject& fileSystem, modLocalize& localize,
+              const std::string& helpFolder)
+      : viewer(helpViewer), files(fileSystem), language(localize), folder(helpFolder) {}
 
   /// The help file of the language of the moment, else the English one, else the one without a
   /// code, which nobody looks for here.
@@ -28,7 +32,10 @@ class mdlHTMLHelp {
   WindowHandle hHelpWindow = 0;
 
  private:
-  Program& program;
+  HelpViewer& viewer;
+  FileSystemObject& files;
+  modLocalize& language;
+  const std::string& folder;
 };
 
 }  // namespace dialwright

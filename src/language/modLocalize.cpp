@@ -3,9 +3,10 @@
 #include <optional>
 
 #include "controls/Form.h"
+#include "files/FileSystemObject.h"
 #include "language/EnglishStrings.h"
+#include "messages/Messages.h"
 #include "platform/Failure.h"
-#include "shell/Program.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -65,27 +66,25 @@ ControlFont LanguageFont(std::int32_t language) {
 
 std::string modLocalize::mymyLoadString(int number) {
   if (hLanguageModule != 0) {
-    std::string text = program.services.languages.LoadStringW(hLanguageModule, number, longestText);
+    std::string text = system.LoadStringW(hLanguageModule, number, longestText);
     if (!text.empty()) return text;
   }
   if (const auto own = EnglishString(number)) return std::string(*own);
-  program.MsgBox("error in mymyLoadString: Resource with identifier '" + std::to_string(number) +
-                 "' not found");
+  messages.MsgBox("error in mymyLoadString: Resource with identifier '" + std::to_string(number) +
+                  "' not found");
   return {};
 }
 
 void modLocalize::InitalizeLanguages() {
-  Languages& system = program.services.languages;
   if (lCurrentLanguage == 0) lCurrentLanguage = system.GetUserDefaultLangID();
   if (hLanguageModule > 0) system.FreeLibrary(hLanguageModule);
-  const std::string start = program.file + "_";
+  const std::string start = programFile + "_";
   hLanguageModule = system.LoadLibraryExW(
-      program.folder + "\\" + start + GetLanguageCode(lCurrentLanguage) + ".dll",
-      dataFileUnresolved);
+      folder + "\\" + start + GetLanguageCode(lCurrentLanguage) + ".dll", dataFileUnresolved);
 
   astrLanguages.clear();
   try {
-    for (const std::string& name : program.files.FileNames(program.folder)) {
+    for (const std::string& name : files.FileNames(folder)) {
       if (!StartsWithIgnoringCase(name, start) || name.size() < codeLength + 1 ||
           !EqualsIgnoringCase(name.substr(name.size() - libraryEnd.size()), libraryEnd))
         continue;
@@ -94,22 +93,22 @@ void modLocalize::InitalizeLanguages() {
           stem.substr(stem.size() < codeLength ? 0 : stem.size() - codeLength));
     }
   } catch (const RuntimeFailure& failure) {
-    program.MsgBox("Error in InitalizeLanguages: " + failure.description);
+    messages.MsgBox("Error in InitalizeLanguages: " + failure.description);
   }
   if (astrLanguages.empty()) astrLanguages.emplace_back();
 
-  for (Form* form : program.loadedForms) ApplyLanguageFontToForm(*form);
+  for (Form* form : forms) ApplyLanguageFontToForm(*form);
 }
 
 std::string modLocalize::GetLanguageCode(std::int32_t language) {
   if (language == languageENX) return "ENX";
-  const auto name = program.services.languages.GetLocaleInfoA(language, abbreviatedLanguageName);
+  const auto name = system.GetLocaleInfoA(language, abbreviatedLanguageName);
   return name ? std::string(Trim(FirstCharacters(*name, codeLength))) : "ERR";
 }
 
 std::string modLocalize::GetLanguageName(std::int32_t language) {
   if (language == languageENX) return "English (TDD/TTY)";
-  return program.services.languages.VerLanguageNameA(language).value_or("(error)");
+  return system.VerLanguageNameA(language).value_or("(error)");
 }
 
 std::string modLocalize::GetLanguageNameFromCode(std::string_view code) {

@@ -10,7 +10,8 @@
 
 namespace dialwright {
 
-class Program;
+class FileSystemObject;
+class Messages;
 struct Form;
 
 /// A language of this system that no operating system knows: "English (TDD/TTY)", code ENX.
@@ -25,7 +26,18 @@ ControlFont LanguageFont(std::int32_t language);
 /// The language of the moment and the libraries beside the program.
 class modLocalize {
  public:
-  explicit modLocalize(Program& theProgram) : program(theProgram) {}
+  /// `libraryFolder` is without a backslash at its end; a library's name there begins with
+  /// `programName` and an underscore. `loadedForms` are those that take a language's font. All
+  /// that is given outlives this.
+  modLocalize(Messages& boxes, Languages& languages, FileSystemObject& fileSystem,
+              const std::string& libraryFolder, const std::string& programName,
+              const std::vector<Form*>& loadedForms)
+      : messages(boxes),
+        system(languages),
+        files(fileSystem),
+        folder(libraryFolder),
+        programFile(programName),
+        forms(loadedForms) {}
 
   /// A text by its number: the loaded library's, else the program's own. A number that neither has
   /// is reported and gives the empty text.
@@ -47,7 +59,12 @@ class modLocalize {
   std::vector<std::string> astrLanguages;  ///< the codes found; one empty entry when there is none
 
  private:
-  Program& program;
+  Messages& messages;
+  Languages& system;
+  FileSystemObject& files;
+  const std::string& folder;
+  const std::string& programFile;
+  const std::vector<Form*>& forms;
 };
 
 }  // namespace dialwright

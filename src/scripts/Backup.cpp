@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "messages/FailureTrap.h"
 #include "platform/Failure.h"
-#include "shell/FailureTrap.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
@@ -49,7 +49,7 @@ void restore(Program& program, const std::string& name) {
 
 void BackupScriptFiles(frmMain& form) {
   if (!hasPaths(form)) return;
-  const FailureTrap step{form, FailurePrefix::localized, "BackupScriptFiles"};
+  const FailureTrap step{form.program, FailurePrefix::localized, "BackupScriptFiles"};
   FileSystemObject& files = form.program.files;
   const std::string folder = backupFolder(form.program);
   if (!files.FolderExists(folder) && !step([&] { files.CreateFolder(folder); })) return;
@@ -66,7 +66,7 @@ bool RestoreScriptfiles(frmMain& form) {
     program.MsgBox(program.mymyLoadString(1087));
     return false;
   }
-  const FailureTrap step{form, FailurePrefix::localized, "RestoreScriptfiles"};
+  const FailureTrap step{form.program, FailurePrefix::localized, "RestoreScriptfiles"};
   int restored = 0;
   step([&] {
     for (const std::string& name : program.files.FileNames(backupFolder(program)))

@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "messages/FailureTrap.h"
 #include "platform/Failure.h"
 #include "platform/ScriptChecksumComponent.h"
 #include "scripts/modTimeFunctions.h"
-#include "shell/FailureTrap.h"
 #include "shell/Program.h"
 #include "text/Text.h"
 

@@ -5,8 +5,8 @@
 
 #include "keymap/Catalogue.h"
 #include "keymap/KeyMapGrid.h"
+#include "messages/FailureTrap.h"
 #include "scripts/modCommon.h"
-#include "shell/FailureTrap.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 
@@ -61,7 +61,7 @@ bool reportedMissing(frmMain& form, std::string_view message, const std::string&
 
 /// The macro file's menus empty their grid before they look for the file.
 void loadFromMacroFile(frmMain& form, int grid, std::span<const Action> actions) {
-  const FailureTrap step{form, FailurePrefix::localized, "LoadMainMenuKeyMapInfo"};
+  const FailureTrap step{form.program, FailurePrefix::localized, "LoadMainMenuKeyMapInfo"};
   BeginFilling(form, grid);
   if (form.strMainMenuScript.empty() ||
       reportedMissing(form, "Error - could not find menu definition file=", form.strMainMenuScript))
@@ -83,7 +83,7 @@ void LoadMainMenuKeyMapInfo(frmMain& form) {
 void LoadGlobalsKeyMapInfo(frmMain& form) { loadFromMacroFile(form, globalsGrid, GlobalActions()); }
 
 void LoadVCRKeyMapInfo(frmMain& form, std::string_view strScript) {
-  const FailureTrap step{form, FailurePrefix::localized, "LoadVCRKeyMapInfo"};
+  const FailureTrap step{form.program, FailurePrefix::localized, "LoadVCRKeyMapInfo"};
   const std::string path = scriptToRead(form, strScript);
   if (path.empty() ||
       reportedMissing(form, "Error, could not load SubMsgPlayback script file=", path))
@@ -96,7 +96,7 @@ void LoadVCRKeyMapInfo(frmMain& form, std::string_view strScript) {
 }
 
 void LoadAfterMessageKeyMapInfo(frmMain& form, std::string_view strScript) {
-  const FailureTrap step{form, FailurePrefix::localized, "LoadAfterMessageKeyMapInfo"};
+  const FailureTrap step{form.program, FailurePrefix::localized, "LoadAfterMessageKeyMapInfo"};
   const std::string path = scriptToRead(form, strScript);
   if (path.empty() || reportedMissing(form, "SubMsgPlay script file could not be found=", path))
     return;

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/PrivateProfile.h"
+#include "files/PrivateProfile.h"
 
 namespace dialwright {
 

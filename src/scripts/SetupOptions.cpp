@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/PrivateProfile.h"
+#include "files/PrivateProfile.h"
 #include "scripts/modCommon.h"
 #include "shell/Program.h"
 #include "text/Text.h"

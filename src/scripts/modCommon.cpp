@@ -1,6 +1,6 @@
 #include "scripts/modCommon.h"
 
-#include "platform/PrivateProfile.h"
+#include "files/PrivateProfile.h"
 
 namespace dialwright {
 

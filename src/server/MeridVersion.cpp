@@ -5,10 +5,11 @@
 #include <tuple>
 #include <utility>
 
+#include "messages/FailureTrap.h"
+#include "messages/Messages.h"
 #include "platform/Failure.h"
+#include "platform/Registry.h"
 #include "server/RegistryAPI.h"
-#include "shell/FailureTrap.h"
-#include "shell/Program.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -22,17 +23,15 @@ constexpr std::string_view telhostKey = "SOFTWARE\\Quillon\\Telhost\\1.0";
 constexpr std::string_view systemParametersKey = "SOFTWARE\\Quillon\\SystemParameters\\1.0";
 constexpr std::string_view dominoProgId = "QLDsDomino.QlIDCDomino.1";
 
-std::int32_t doubleWord(Program& program, std::string_view key, std::string_view name) {
-  const RegistryResult result =
-      GetRegistryValue(program.services.registry, RegistryKey::localMachine, key, name,
-                       registryDoubleWord, std::int32_t{0});
+std::int32_t doubleWord(Registry& registry, std::string_view key, std::string_view name) {
+  const RegistryResult result = GetRegistryValue(registry, RegistryKey::localMachine, key, name,
+                                                 registryDoubleWord, std::int32_t{0});
   return std::get<std::int32_t>(result);
 }
 
-std::string text(Program& program, std::string_view key, std::string_view name) {
-  const RegistryResult result =
-      GetRegistryValue(program.services.registry, RegistryKey::localMachine, key, name,
-                       registryString, std::string());
+std::string text(Registry& registry, std::string_view key, std::string_view name) {
+  const RegistryResult result = GetRegistryValue(registry, RegistryKey::localMachine, key, name,
+                                                 registryString, std::string());
   return std::get<std::string>(result);
 }
 
@@ -69,9 +68,9 @@ std::string versionText(const VersionInfo& info) {
 }  // namespace
 
 VersionInfo MeridVersion::getVersion() {
-  const FailureTrap step{program, FailurePrefix::fixedModule, "getVersion", moduleName};
+  const FailureTrap step{messages, FailurePrefix::fixedModule, "getVersion", moduleName};
   VersionInfo info;
-  if (bRegistryKeyExists(program.services.registry, RegistryKey::localMachine, tesselKey)) {
+  if (bRegistryKeyExists(registry, RegistryKey::localMachine, tesselKey)) {
     const std::pair<std::string_view, std::int16_t VersionInfo::*> values[] = {
         {"MajorVersion", &VersionInfo::iMajor},
         {"MinorVersion", &VersionInfo::iMinor},
@@ -80,12 +79,12 @@ VersionInfo MeridVersion::getVersion() {
     };
     for (const auto& [name, field] : values)
       step([&, name = name, field = field] {
-        info.*field = narrowed(doubleWord(program, tesselKey, name));
+        info.*field = narrowed(doubleWord(registry, tesselKey, name));
       });
     info.bIsTessel = true16;
   } else {
-    const std::string version = hexadecimal(doubleWord(program, meridKey, "Version Number"));
-    const std::int32_t buildNumber = doubleWord(program, meridKey, "Build Number");
+    const std::string version = hexadecimal(doubleWord(registry, meridKey, "Version Number"));
+    const std::int32_t buildNumber = doubleWord(registry, meridKey, "Build Number");
     const std::string build = hexadecimal(buildNumber);
     info.iMajor = leadingDecimal(version.substr(0, 4));
     info.iMinor = leadingDecimal(version.substr(4));
@@ -107,19 +106,19 @@ bool MeridVersion::bIsVersionGreaterThanOrEqualTo(std::int16_t iMajor, std::int1
 
 bool MeridVersion::RefusedBeforeVersion() {
   if (currentVersion.iMajor != 0) return false;
-  program.MsgBox(
+  messages.MsgBox(
       "You need to load the verson information before calling any of the path fetch routines.");
   return true;
 }
 
 std::string MeridVersion::strGetInstallPath() {
-  const FailureTrap step{program, FailurePrefix::fixed, "strGetInstallPath", moduleName};
+  const FailureTrap step{messages, FailurePrefix::fixed, "strGetInstallPath", moduleName};
   if (RefusedBeforeVersion()) return {};
   std::string path;
   step([&] {
     path = currentVersion.bIsTessel != false16
-               ? text(program, tesselKey, "InstalledFolderPath") + "\\"
-               : text(program, telhostKey, "Root Path");
+               ? text(registry, tesselKey, "InstalledFolderPath") + "\\"
+               : text(registry, telhostKey, "Root Path");
   });
   return path;
 }
@@ -133,7 +132,7 @@ std::string MeridVersion::strGetScriptPath() {
 }
 
 std::int16_t MeridVersion::iGetDirectoryBinding() {
-  return EqualsIgnoringCase(text(program, systemParametersKey, "IDCProgID"), dominoProgId) ? 2 : 1;
+  return EqualsIgnoringCase(text(registry, systemParametersKey, "IDCProgID"), dominoProgId) ? 2 : 1;
 }
 
 }  // namespace dialwright

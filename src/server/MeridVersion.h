@@ -5,7 +5,8 @@
 
 namespace dialwright {
 
-class Program;
+class Messages;
+class Registry;
 
 /// A 16-bit boolean: -1 is true.
 using Boolean16 = std::int16_t;
@@ -26,7 +27,8 @@ struct VersionInfo {
 /// and the directory binding are read at each call.
 class MeridVersion {
  public:
-  explicit MeridVersion(Program& theProgram) : program(theProgram) {}
+  /// `boxes` takes the reports of failures; both outlive this.
+  MeridVersion(Messages& boxes, Registry& source) : messages(boxes), registry(source) {}
 
   /// The server's version, read from the registry; does not touch `currentVersion`.
   VersionInfo getVersion();
@@ -46,7 +48,8 @@ class MeridVersion {
  private:
   bool RefusedBeforeVersion();
 
-  Program& program;
+  Messages& messages;
+  Registry& registry;
 };
 
 }  // namespace dialwright

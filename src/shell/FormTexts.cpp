@@ -1,7 +1,5 @@
 #include "shell/FormTexts.h"
 
-#include "keymap/RowEditing.h"
-#include "shell/Lifecycle.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 
@@ -78,20 +76,9 @@ void setFormTexts(frmMain& form) {
 
 }  // namespace
 
-void frmMain_Auto_Init(frmMain& form) {
-  Program& program = form.program;
+void SetFormTexts(frmMain& form) {
   setFormTexts(form);
   setTabTexts(form);
-  if (!program.server.bIsVersionGreaterThanOrEqualTo(4, 3, 0, 15, 0)) RemoveTab(form, setupTab);
-
-  const bool internal = program.server.bIsVersionGreaterThanOrEqualTo(4, 2, 0, 1, 0);
-  form.mnuResetKeysToVarloInternal.Visible = internal;
-  if (internal) form.mnuResetKeysToVarloInternal.Caption = program.mymyLoadString(1214);
-
-  LoadKeyMapInfo(form);
-  const int tab = form.SSTab1.Tab();
-  if (tab < gridCount)
-    gridKeyMap_AfterRowColChange(form, tab, 1, 1, At(form.gridKeyMap, tab).Row(), 1);
 }
 
 }  // namespace dialwright

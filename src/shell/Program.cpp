@@ -16,9 +16,9 @@ Program::Program(const Services& outside, std::string programFolder, std::string
       currentFolder(folder),
       files(outside.files),
       profile(outside.files),
-      server(*this),
-      language(*this),
-      help(*this),
+      server(*this, outside.registry),
+      language(*this, outside.languages, files, folder, file, loadedForms),
+      help(outside.help, files, language, folder),
       main(std::make_unique<frmMain>(*this)) {
   loadedForms.push_back(main.get());
 }
@@ -53,5 +53,13 @@ frmAbout& Program::about() {
 }
 
 bool Program::aboutIsUp() const { return aboutBox && aboutBox->Shown; }
+
+void RequestExit(Program& program) {
+  if (program.main->cmdSave.Enabled &&
+      program.MsgBox(program.mymyLoadString(1169), MsgBoxButtons::YesNo) == MsgBoxAnswer::No)
+    return;
+  program.help.CloseHelpWindow();
+  throw EndProgram{};
+}
 
 }  // namespace dialwright

@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "files/FileSystemObject.h"
+#include "files/PrivateProfile.h"
 #include "language/mdlHTMLHelp.h"
 #include "language/modLocalize.h"
-#include "platform/FileSystemObject.h"
-#include "platform/MessageBoxes.h"
-#include "platform/PrivateProfile.h"
+#include "messages/Messages.h"
 #include "platform/Processes.h"
 #include "server/MeridVersion.h"
 
@@ -45,20 +45,18 @@ inline constexpr int programRevision = 0;
 
 /// The composition root: the services, the program folder, and the modules that have state. It is
 /// built once in `main`, or once a transcript.
-class Program {
+class Program final : public Messages {
  public:
   /// `programFolder` without a backslash at its end; `programFile` is the program file's name
   /// without its extension.
   Program(const Services& outside, std::string programFolder, std::string programFile);
-  ~Program();
+  ~Program() override;
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  /// A modal message box; without a title it bears the program's own.
   MsgBoxAnswer MsgBox(std::string_view text, MsgBoxButtons buttons = MsgBoxButtons::OK,
-                      std::string_view title = {});
-  /// A text by its number, in the language of the moment.
-  std::string mymyLoadString(int number);
+                      std::string_view title = {}) override;
+  std::string mymyLoadString(int number) override;
 
   /// Starts a command line in the current folder and goes on at once.
   void Shell(std::string_view commandLine, WindowState state);
@@ -77,17 +75,21 @@ class Program {
   std::string file;
   std::string currentFolder;
 
+  std::vector<Form*> loadedForms;
   FileSystemObject files;
   PrivateProfile profile;
   MeridVersion server;
   modLocalize language;
   mdlHTMLHelp help;
   std::unique_ptr<ScriptChecksumComponent> checksum;  ///< once it could be created
-  std::vector<Form*> loadedForms;
   std::unique_ptr<frmMain> main;
 
  private:
   std::unique_ptr<frmAbout> aboutBox;
 };
+
+/// The common way out: asks when there are unsaved changes, and ends the program with EndProgram.
+/// Returns only when the user answers No.
+void RequestExit(Program& program);
 
 }  // namespace dialwright

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "shell/Lifecycle.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 

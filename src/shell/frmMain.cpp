@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "shell/MainEvents.h"
-
 namespace dialwright {
 
 namespace {
@@ -51,7 +49,6 @@ frmMain::frmMain(Program& theProgram) : Form("frmMain"), program(theProgram) {
 
   cmdSave.Enabled = false;
   mnuSelectDialwright.Checked = true;
-  ConnectEvents(*this);
 }
 
 void frmMain::Adopt(Control& control, std::string name, int tab, std::string_view caption) {

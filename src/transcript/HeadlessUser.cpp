@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "platform/Failure.h"
-#include "shell/Lifecycle.h"
 #include "shell/Program.h"
+#include "shell/events/Lifecycle.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"

@@ -6,7 +6,7 @@
 #include "Views.h"
 #include "WorldSteps.h"
 #include "platform/Failure.h"
-#include "shell/Lifecycle.h"
+#include "shell/events/Lifecycle.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 

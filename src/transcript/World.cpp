@@ -3,6 +3,8 @@
 #include <fstream>
 
 #include "platform/Failure.h"
+#include "shell/events/MainEvents.h"
+#include "shell/frmMain.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -140,6 +142,7 @@ World::World(Printer& output)
       help(output),
       program(Services{files, registry, clock, processes, messages, checksums, languages, help},
               std::string(programFolder), "Dialwright") {
+  ConnectEvents(*program.main);
   std::filesystem::create_directories(hostPath(programFolder));
 }
 

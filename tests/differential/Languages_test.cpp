@@ -12,10 +12,10 @@
 
 #include "TempFolder.h"
 #include "language/modLocalize.h"
-#include "platform/LanguagesWin32.h"
-#include "platform/LocaleTable.h"
-#include "platform/StringTableFile.h"
-#include "platform/Win32Text.h"
+#include "platform/standins/LocaleTable.h"
+#include "platform/standins/StringTableFile.h"
+#include "platform/win32/LanguagesWin32.h"
+#include "platform/win32/Win32Text.h"
 
 namespace dialwright {
 namespace {

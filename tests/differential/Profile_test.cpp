@@ -6,8 +6,8 @@
 #include "MemoryFileStore.h"
 #include "Rounds.h"
 #include "TempFolder.h"
-#include "platform/PrivateProfile.h"
-#include "platform/Win32Text.h"
+#include "files/PrivateProfile.h"
+#include "platform/win32/Win32Text.h"
 #include "text/Ansi.h"
 
 namespace dialwright {

@@ -1,6 +1,6 @@
 // The reader of exported registries against the system's own registry and its registry editor.
 
-#include "platform/RegistryFile.h"
+#include "platform/standins/RegistryFile.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -9,8 +9,8 @@
 
 #include "Rounds.h"
 #include "TempFolder.h"
-#include "platform/RegistryWin32.h"
-#include "platform/Win32Text.h"
+#include "platform/win32/RegistryWin32.h"
+#include "platform/win32/Win32Text.h"
 
 namespace dialwright {
 namespace {

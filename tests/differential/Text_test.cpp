@@ -9,7 +9,7 @@
 #include <cmath>
 
 #include "Rounds.h"
-#include "platform/Win32Text.h"
+#include "platform/win32/Win32Text.h"
 #include "text/Ansi.h"
 #include "text/Number.h"
 

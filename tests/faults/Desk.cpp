@@ -8,7 +8,8 @@
 #include <stdexcept>
 
 #include "ScriptText.h"
-#include "shell/Lifecycle.h"
+#include "shell/events/Lifecycle.h"
+#include "shell/events/MainEvents.h"
 
 namespace dialwright {
 
@@ -137,6 +138,7 @@ Desk::Desk(FileStore& store, std::string_view server)
     : files(store),
       program(Services{store, registry, clock, processes, messages, checksums, languages, help},
               "C:\\Dialwright", "Dialwright") {
+  ConnectEvents(*program.main);
   readRegistryFile(BytesOf(source / "sandbox" / server / "server.reg"), registry);
 }
 

@@ -8,10 +8,10 @@
 
 #include "MemoryFileStore.h"
 #include "TempFolder.h"
-#include "platform/FileLanguages.h"
-#include "platform/FileStorePosix.h"
-#include "platform/RegistryFile.h"
 #include "platform/ScriptChecksumComponent.h"
+#include "platform/posix/FileStorePosix.h"
+#include "platform/standins/FileLanguages.h"
+#include "platform/standins/RegistryFile.h"
 #include "shell/frmMain.h"
 #include "transcript/World.h"
 

@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "Fuzz.h"
-#include "platform/PrivateProfile.h"
+#include "files/PrivateProfile.h"
 
 namespace {
 

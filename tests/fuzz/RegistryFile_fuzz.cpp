@@ -3,7 +3,7 @@
 #include <tuple>
 
 #include "Fuzz.h"
-#include "platform/RegistryFile.h"
+#include "platform/standins/RegistryFile.h"
 
 namespace {
 

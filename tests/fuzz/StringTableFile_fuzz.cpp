@@ -2,7 +2,7 @@
 // and undefined behaviour checks watch the reads; a text can never be longer than its file allows.
 
 #include "Fuzz.h"
-#include "platform/StringTableFile.h"
+#include "platform/standins/StringTableFile.h"
 
 void Check(const std::string& bytes) {
   const auto file = StringTableFile::parse(bytes);

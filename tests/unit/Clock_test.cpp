@@ -4,10 +4,10 @@
 #include <ctime>
 
 #ifdef _WIN32
-#include "platform/ClockWin32.h"
+#include "platform/win32/ClockWin32.h"
 using OwnClock = dialwright::ClockWin32;
 #else
-#include "platform/ClockPosix.h"
+#include "platform/posix/ClockPosix.h"
 using OwnClock = dialwright::ClockPosix;
 #endif
 

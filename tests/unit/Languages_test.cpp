@@ -6,7 +6,7 @@
 
 #include "../support/TempFolder.h"
 #include "language/EnglishStrings.h"
-#include "platform/StringTableFile.h"
+#include "platform/standins/StringTableFile.h"
 #include "text/Ansi.h"
 #include "text/Text.h"
 

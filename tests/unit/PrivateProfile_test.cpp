@@ -1,4 +1,4 @@
-#include "platform/PrivateProfile.h"
+#include "files/PrivateProfile.h"
 
 #include <gtest/gtest.h>
 

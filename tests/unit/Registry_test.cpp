@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "../support/FailureNumber.h"
-#include "platform/RegistryFile.h"
+#include "platform/standins/RegistryFile.h"
 #include "server/MeridVersion.h"
 #include "server/RegistryAPI.h"
 #include "text/Ansi.h"

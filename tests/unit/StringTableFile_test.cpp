@@ -1,4 +1,4 @@
-#include "platform/StringTableFile.h"
+#include "platform/standins/StringTableFile.h"
 
 #include <gtest/gtest.h>
 

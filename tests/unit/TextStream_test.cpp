@@ -4,7 +4,7 @@
 
 #include "../support/FailureNumber.h"
 #include "../support/MemoryFileStore.h"
-#include "platform/FileSystemObject.h"
+#include "files/FileSystemObject.h"
 
 namespace dialwright {
 

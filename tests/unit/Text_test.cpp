@@ -7,9 +7,9 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/CommandLine.h"
-#include "platform/LocaleTable.h"
 #include "platform/ScriptChecksumComponent.h"
+#include "platform/standins/CommandLine.h"
+#include "platform/standins/LocaleTable.h"
 #include "scripts/Checksum.h"
 #include "text/Ansi.h"
 #include "text/Number.h"

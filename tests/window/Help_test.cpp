@@ -10,10 +10,10 @@
 
 #include "../support/TempFolder.h"
 #include "WindowTest.h"
-#include "desktop/ChmArchive.h"
-#include "desktop/HelpContents.h"
-#include "desktop/HelpViewerQt.h"
-#include "desktop/HelpWindow.h"
+#include "desktop/help/ChmArchive.h"
+#include "desktop/help/HelpContents.h"
+#include "desktop/help/HelpViewerQt.h"
+#include "desktop/help/HelpWindow.h"
 
 namespace dialwright {
 

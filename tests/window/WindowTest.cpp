@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "../support/TempFolder.h"
-#include "shell/Lifecycle.h"
+#include "shell/events/Lifecycle.h"
 
 namespace dialwright {
 

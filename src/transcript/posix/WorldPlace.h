@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/FileLanguages.h"
-#include "platform/FileStorePosix.h"
-#include "platform/RegistryFile.h"
+#include "platform/posix/FileStorePosix.h"
+#include "platform/standins/FileLanguages.h"
+#include "platform/standins/RegistryFile.h"
 
 namespace dialwright {
 

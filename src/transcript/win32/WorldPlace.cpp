@@ -5,7 +5,7 @@
 #include <random>
 #include <system_error>
 
-#include "platform/Win32Text.h"
+#include "platform/win32/Win32Text.h"
 
 namespace dialwright {
 

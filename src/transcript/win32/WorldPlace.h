@@ -9,10 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/FileStoreWin32.h"
-#include "platform/LanguagesWin32.h"
-#include "platform/RegistryFile.h"
-#include "platform/RegistryWin32.h"
+#include "platform/standins/RegistryFile.h"
+#include "platform/win32/FileStoreWin32.h"
+#include "platform/win32/LanguagesWin32.h"
+#include "platform/win32/RegistryWin32.h"
 
 namespace dialwright {
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QTextBrowser>
+
+#include "desktop/help/ChmArchive.h"
+
+namespace dialwright {
+
+/// Shows the pages of a help file: links, pictures and style sheets come out of the file as well.
+class HelpBrowser : public QTextBrowser {
+ public:
+  explicit HelpBrowser(const ChmArchive& helpFile, QWidget* parent = nullptr);
+
+  /// Shows a page as a table of contents or a link names it, with its place behind a "#".
+  void showPage(const QString& page);
+
+ protected:
+  QVariant loadResource(int type, const QUrl& name) override;
+  void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
+
+ private:
+  const ChmArchive& archive;
+};
+
+}  // namespace dialwright

@@ -1,0 +1,194 @@
+#include "desktop/help/HelpWindow.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScreen>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStyle>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <algorithm>
+
+#include "desktop/QtText.h"
+#include "desktop/Texts.h"
+#include "desktop/help/HelpBrowser.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int pageRole = Qt::UserRole;
+
+/// A page's name without the place in it, for comparison.
+QString pageName(const QString& page) {
+  const QString name = page.section('#', 0, 0).toLower();
+  return name.startsWith('/') ? name : "/" + name;
+}
+
+/// What the tree needs to show all its lines whole. Before it is on the screen it does not know.
+int widestTopic(QTreeWidget& tree) {
+  int widest = 0;
+  for (QTreeWidgetItemIterator item(&tree); *item != nullptr; ++item) {
+    int depth = 1;
+    for (const QTreeWidgetItem* above = (*item)->parent(); above != nullptr;
+         above = above->parent())
+      ++depth;
+    widest = std::max(widest, depth * tree.indentation() +
+                                  tree.fontMetrics().horizontalAdvance((*item)->text(0)));
+  }
+  return widest;
+}
+
+}  // namespace
+
+HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
+    : archive(std::move(helpFile)),
+      browser(new HelpBrowser(*archive)),
+      contents(new QTreeWidget),
+      found(new QListWidget),
+      side(new QStackedWidget),
+      words(new QLineEdit) {
+  setObjectName("helpWindow");
+  const QString title = helpText(archive->title());
+  setWindowTitle(title.isEmpty() ? texts::help() : title);
+  browser->setObjectName("helpPage");
+  contents->setObjectName("helpContents");
+  contents->setAccessibleName(texts::contents());
+  contents->setHeaderHidden(true);
+  found->setObjectName("helpFound");
+  found->setWordWrap(true);
+
+  side->addWidget(contents);
+  side->addWidget(found);
+  auto* halves = new QSplitter;
+  halves->addWidget(side);
+  halves->addWidget(browser);
+  halves->setStretchFactor(1, 1);
+  halves->setChildrenCollapsible(false);
+  setCentralWidget(halves);
+  buildBar();
+
+  int left = 10000;
+  addTopics(nullptr,
+            readHelpContents(helpText(archive->read(archive->contentsFile()).value_or(""))), left);
+  contents->expandAll();
+  contents->header()->setStretchLastSection(false);
+  contents->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  const int character = fontMetrics().averageCharWidth();
+  const int sideWidth = widestTopic(*contents) + 5 * character;  // and its scroll bar
+  const int pageWidth = character * 92;
+  resize(QSize(sideWidth + pageWidth, fontMetrics().height() * 40)
+             .boundedTo(screen()->availableSize()));
+  halves->setSizes({sideWidth, pageWidth});
+
+  connect(contents, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+    const QString page = item != nullptr ? item->data(0, pageRole).toString() : QString();
+    if (!page.isEmpty()) browser->showPage(page);
+  });
+  connect(found, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
+    const QString page = item != nullptr ? item->data(pageRole).toString() : QString();
+    if (!page.isEmpty()) browser->showPage(page);
+  });
+  connect(browser, &QTextBrowser::sourceChanged, this,
+          [this](const QUrl& page) { selectTopic(page); });
+}
+
+HelpWindow::~HelpWindow() = default;
+
+void HelpWindow::showHomePage() { browser->showPage(toQt(archive->homePage())); }
+
+void HelpWindow::buildBar() {
+  auto* bar = addToolBar(texts::help());
+  bar->setMovable(false);
+  bar->setContextMenuPolicy(Qt::PreventContextMenu);
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  QAction* back = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), texts::back());
+  QAction* forward =
+      bar->addAction(style()->standardIcon(QStyle::SP_ArrowForward), texts::forward());
+  back->setObjectName("helpBack");
+  forward->setObjectName("helpForward");
+  back->setShortcut(QKeySequence::Back);
+  forward->setShortcut(QKeySequence::Forward);
+  back->setEnabled(false);
+  forward->setEnabled(false);
+  connect(back, &QAction::triggered, browser, &QTextBrowser::backward);
+  connect(forward, &QAction::triggered, browser, &QTextBrowser::forward);
+  connect(browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+  connect(browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+
+  auto* label = new QLabel(texts::find());
+  label->setBuddy(words);
+  label->setContentsMargins(16, 0, 6, 0);
+  words->setObjectName("helpFind");
+  words->setClearButtonEnabled(true);
+  words->setMaximumWidth(fontMetrics().averageCharWidth() * 40);
+  bar->addWidget(label);
+  bar->addWidget(words);
+  connect(words, &QLineEdit::textChanged, this, [this](const QString& text) { find(text); });
+}
+
+void HelpWindow::addTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics,
+                           int& left) {
+  for (const HelpTopic& topic : topics) {
+    if (left-- <= 0) return;
+    auto* item = parent != nullptr ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(contents);
+    item->setText(0, topic.title);
+    item->setToolTip(0, topic.title);
+    item->setData(0, pageRole, topic.page);
+    addTopics(item, topic.topics, left);
+  }
+}
+
+void HelpWindow::selectTopic(const QUrl& page) {
+  // A topic that leads to the same page stays selected: several may.
+  const QString name = pageName(page.path());
+  const QTreeWidgetItem* current = contents->currentItem();
+  if (current != nullptr && pageName(current->data(0, pageRole).toString()) == name) return;
+  for (QTreeWidgetItemIterator item(contents); *item != nullptr; ++item)
+    if (pageName((*item)->data(0, pageRole).toString()) == name) {
+      const QSignalBlocker quiet(contents);
+      contents->setCurrentItem(*item);
+      return;
+    }
+}
+
+const std::vector<HelpWindow::Page>& HelpWindow::searchable() {
+  if (!pages.empty()) return pages;
+  for (const std::string& name : archive->pages()) {
+    QTextDocument document;
+    document.setHtml(helpText(archive->read(name).value_or("")));
+    const QString title = document.metaInformation(QTextDocument::DocumentTitle);
+    pages.push_back({toQt(name), title.isEmpty() ? toQt(name) : title, document.toPlainText()});
+  }
+  std::stable_sort(pages.begin(), pages.end(), [](const Page& a, const Page& b) {
+    return QString::localeAwareCompare(a.title, b.title) < 0;
+  });
+  return pages;
+}
+
+void HelpWindow::find(const QString& text) {
+  const QStringList wanted = text.split(' ', Qt::SkipEmptyParts);
+  side->setCurrentWidget(wanted.isEmpty() ? static_cast<QWidget*>(contents) : found);
+  found->clear();
+  if (wanted.isEmpty()) return;
+  for (const Page& page : searchable()) {
+    const bool all = std::all_of(wanted.begin(), wanted.end(), [&page](const QString& word) {
+      return page.text.contains(word, Qt::CaseInsensitive) ||
+             page.title.contains(word, Qt::CaseInsensitive);
+    });
+    if (!all) continue;
+    auto* item = new QListWidgetItem(page.title, found);
+    item->setData(pageRole, page.name);
+  }
+  if (found->count() == 0) {
+    auto* nothing = new QListWidgetItem(texts::noPageFound(), found);
+    nothing->setFlags(Qt::NoItemFlags);
+  }
+}
+
+}  // namespace dialwright

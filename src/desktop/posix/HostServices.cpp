@@ -1,0 +1,55 @@
+#include "desktop/HostServices.h"
+
+#include "desktop/help/HelpViewerQt.h"
+#include "platform/Failure.h"
+#include "platform/ScriptChecksumComponent.h"
+#include "platform/posix/ClockPosix.h"
+#include "platform/posix/FileStorePosix.h"
+#include "platform/posix/ProcessesPosix.h"
+#include "platform/standins/FileLanguages.h"
+#include "platform/standins/LocaleTable.h"
+#include "platform/standins/RegistryFile.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+class HostServicesPosix : public HostServices {
+ public:
+  explicit HostServicesPosix(const std::string& programFolder)
+      : files(ReplaceAll(programFolder, "\\", "/")) {
+    fillRegistry(programFolder + "\\server.reg");
+  }
+
+  Services services(MessageBoxes& messages) override {
+    return {files, registry, clock, processes, messages, checksums, languages, help};
+  }
+
+ private:
+  /// The server's registry, out of the file beside the program. Without one there is no server.
+  void fillRegistry(const std::string& path) {
+    if (files.kind(path) != FileStore::Kind::file) return;
+    try {
+      readRegistryFile(files.read(path), registry);
+    } catch (const RuntimeFailure&) {
+      // A registry that cannot be read answers nothing, and the system says so.
+    }
+  }
+
+  FileStorePosix files;
+  MemoryRegistry registry;
+  ClockPosix clock;
+  ProcessesPosix processes{[this](std::string_view path) { return files.HostPath(path); }};
+  CrcChecksumFactory checksums{files};
+  FileLanguages languages{files, userLanguageFromEnvironment()};
+  HelpViewerQt help{files};
+};
+
+}  // namespace
+
+std::unique_ptr<HostServices> MakeHostServices(const std::string& programFolder) {
+  return std::make_unique<HostServicesPosix>(programFolder);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,134 @@
+#include "files/PrivateProfile.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "files/ProfileText.h"
+#include "platform/Failure.h"
+#include "text/Ansi.h"
+
+namespace dialwright {
+namespace {
+
+// What a reader of a value sees of the text behind the equals sign.
+std::string_view WithoutDecoration(std::string_view value) {
+  value = TrimBlanksAndTabs(value);
+  const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+                      value.back() == value.front();
+  return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+std::string_view Cut(std::string_view ansi, std::size_t size) {
+  return ansi.substr(0, size > 0 ? size - 1 : 0);
+}
+
+struct Write {
+  std::string section;
+  std::string key;
+  std::string value;
+};
+
+}  // namespace
+
+struct PrivateProfile::File {
+  std::optional<FileStamp> stamp;     // of the moment before the text was read
+  std::unique_ptr<ProfileText> text;  // none: not read, or not readable
+  int batches = 0;
+  std::vector<Write> batched;  // in ANSI, what the open batches have to write
+};
+
+PrivateProfile::PrivateProfile(FileStore& fileStore) : store(fileStore) {}
+PrivateProfile::~PrivateProfile() = default;
+
+std::string PrivateProfile::GetPrivateProfileStringA(std::string_view section, std::string_view key,
+                                                     std::string_view defaultText, std::size_t size,
+                                                     std::string_view path) {
+  const File& file = Current(path);
+  const std::optional<std::string_view> value =
+      file.text ? file.text->value(Utf8ToAnsi(section), Utf8ToAnsi(key)) : std::nullopt;
+  if (!value) return AnsiToUtf8(Cut(Utf8ToAnsi(defaultText), size));
+  return AnsiToUtf8(Cut(WithoutDecoration(*value), size));
+}
+
+bool PrivateProfile::WritePrivateProfileStringA(std::string_view section, std::string_view key,
+                                                std::string_view value, std::string_view path) {
+  File& file = Current(path);
+  if (!file.text) return false;
+  Write write{Utf8ToAnsi(section), Utf8ToAnsi(key), Utf8ToAnsi(value)};
+  if (!file.text->set(write.section, write.key, write.value)) return false;
+  file.batched.push_back(std::move(write));
+  return file.batches > 0 || Flush(path, file);
+}
+
+void PrivateProfile::FlushBatches() {
+  for (auto& [path, file] : files) Flush(path, *file);
+}
+
+void PrivateProfile::BeginBatch(std::string_view path) {
+  File& file = Current(path);
+  ++file.batches;
+}
+
+void PrivateProfile::EndBatch(std::string_view path) {
+  File& file = FileAt(path);
+  if (--file.batches == 0) Flush(path, file);
+}
+
+PrivateProfile::File& PrivateProfile::FileAt(std::string_view path) {
+  std::unique_ptr<File>& file = files[std::string(path)];
+  if (!file) file = std::make_unique<File>();
+  return *file;
+}
+
+PrivateProfile::File& PrivateProfile::Current(std::string_view path) {
+  File& file = FileAt(path);
+  if (file.text && file.batches > 0) return file;
+  const std::optional<FileStamp> stamp = store.stamp(path);
+  if (file.text && stamp == file.stamp) return file;
+  Read(path, stamp, file);
+  return file;
+}
+
+// The stamp is that of before the reading: a change during it makes the file read again.
+void PrivateProfile::Read(std::string_view path, const std::optional<FileStamp>& stamp,
+                          File& file) {
+  file.text.reset();
+  file.stamp = stamp;
+  if (!stamp) return;
+  try {
+    file.text = std::make_unique<ProfileText>(store.read(path));
+  } catch (const RuntimeFailure&) {
+    // What cannot be read has no keys, until it can.
+  }
+}
+
+// Nothing is remembered afterwards: the next use reads what the disk holds, whatever became of
+// this.
+bool PrivateProfile::Flush(std::string_view path, File& file) {
+  const std::vector<Write> writes = std::exchange(file.batched, {});
+  if (!file.text || !file.text->changed()) return true;
+  // Somebody else has been at the file since it was read: the writes go into what it holds now.
+  const std::optional<FileStamp> stamp = store.stamp(path);
+  if (stamp != file.stamp) {
+    Read(path, stamp, file);
+    if (!file.text) return false;
+    for (const Write& write : writes) file.text->set(write.section, write.key, write.value);
+  }
+  const std::unique_ptr<ProfileText> text = std::exchange(file.text, nullptr);
+  try {
+    if (text->changed()) store.replace(path, text->text());
+    return true;
+  } catch (const RuntimeFailure&) {
+    return false;
+  }
+}
+
+ProfileBatch::ProfileBatch(PrivateProfile& privateProfile, std::string_view filePath)
+    : profile(privateProfile), path(filePath) {
+  profile.BeginBatch(path);
+}
+
+ProfileBatch::~ProfileBatch() { profile.EndBatch(path); }
+
+}  // namespace dialwright

@@ -1,0 +1,151 @@
+#include "files/ProfileText.h"
+
+#include <algorithm>
+
+#include "text/Text.h"
+
+namespace dialwright {
+namespace {
+
+bool IsUtf16(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
+bool HasLineEnd(std::string_view text) {
+  return text.find_first_of("\r\n") != std::string_view::npos;
+}
+
+bool IsSectionName(std::string_view name) {
+  return !HasLineEnd(name) && name.find(']') == std::string_view::npos;
+}
+
+// A line that begins with a bracket could become a heading by its value.
+bool IsKeyName(std::string_view key) {
+  return !key.empty() && !HasLineEnd(key) && key.find('=') == std::string_view::npos &&
+         !key.starts_with('[');
+}
+
+// A piece of the old text that gives way to a new one.
+struct Edit {
+  std::size_t begin;
+  std::size_t end;
+  std::string text;
+};
+
+void AppendLines(std::string& out, const std::vector<std::pair<std::string, std::string>>& added,
+                 std::string_view lineEnd) {
+  for (const auto& [key, value] : added) out.append(key).append("=").append(value).append(lineEnd);
+}
+
+bool EndsLine(std::string_view text) {
+  return text.empty() || text.back() == '\r' || text.back() == '\n';
+}
+
+}  // namespace
+
+ProfileText::ProfileText(std::string fileBytes)
+    : bytes(std::move(fileBytes)), understood(!IsUtf16(bytes)) {}
+
+std::optional<std::string_view> ProfileText::value(std::string_view sectionName,
+                                                   std::string_view keyName) {
+  if (!understood) return std::nullopt;
+  const std::string_view key = TrimBlanksAndTabs(keyName);
+  Section& section = find(sectionName);
+  if (section.index) {
+    if (const std::optional<std::size_t> at = section.index->find(key)) return valueAt(*at);
+  }
+  for (const auto& [name, value] : section.added) {
+    if (EqualsIgnoringCase(name, key)) return value;
+  }
+  return std::nullopt;
+}
+
+bool ProfileText::set(std::string_view sectionName, std::string_view keyName,
+                      std::string_view value) {
+  const std::string_view key = TrimBlanksAndTabs(keyName);
+  if (!understood || !IsSectionName(sectionName) || !IsKeyName(key)) return false;
+  if (this->value(sectionName, key) == value) return true;
+
+  Section& section = find(sectionName);
+  const std::optional<std::size_t> at =
+      section.index ? section.index->find(key) : std::optional<std::size_t>();
+  const auto sameKey = [&](const auto& line) { return EqualsIgnoringCase(line.first, key); };
+  const auto added = std::find_if(section.added.begin(), section.added.end(), sameKey);
+  if (at) {
+    values[*at] = value;
+  } else if (added != section.added.end()) {
+    added->second = value;
+  } else {
+    if (!section.lines && section.added.empty()) newSections.emplace_back(sectionName);
+    section.added.emplace_back(key, value);
+  }
+  differs = true;
+  pending = true;
+  // Such a value is more than one line, and what those are is only known once they stand there.
+  if (HasLineEnd(value)) merge();
+  return true;
+}
+
+const std::string& ProfileText::text() {
+  merge();
+  return bytes;
+}
+
+ProfileText::Section& ProfileText::find(std::string_view name) {
+  std::string folded = LowerCase(name);
+  const auto known = sections.find(folded);
+  if (known != sections.end()) return known->second;
+  Section& section = sections[std::move(folded)];
+  section.lines = FindSection(bytes, name);
+  if (section.lines) section.index.emplace(bytes, *section.lines);
+  return section;
+}
+
+std::string_view ProfileText::valueAt(std::size_t begin) const {
+  const auto changed = values.find(begin);
+  if (changed != values.end()) return changed->second;
+  return std::string_view(bytes).substr(begin, LineEnd(bytes, begin) - begin);
+}
+
+void ProfileText::merge() {
+  if (!pending) return;
+  const std::string lineEnd(UsualLineEnd(bytes));
+  std::vector<Edit> edits;
+  for (auto& [begin, value] : values) {
+    edits.push_back({begin, LineEnd(bytes, begin), std::move(value)});
+  }
+  for (const auto& [name, section] : sections) {
+    if (!section.lines || section.added.empty()) continue;
+    const std::size_t place = EndOfWrittenLines(bytes, *section.lines);
+    Edit edit{place, place, EndsLine(std::string_view(bytes).substr(0, place)) ? "" : lineEnd};
+    AppendLines(edit.text, section.added, lineEnd);
+    edits.push_back(std::move(edit));
+  }
+  // Stable, as a last line may end where both its new value and a new line begin.
+  std::stable_sort(edits.begin(), edits.end(),
+                   [](const Edit& a, const Edit& b) { return a.begin < b.begin; });
+
+  std::string merged;
+  std::size_t length = bytes.size();
+  for (const Edit& edit : edits) length += edit.text.size();
+  merged.reserve(length);
+  std::size_t done = 0;
+  for (const Edit& edit : edits) {
+    merged.append(bytes, done, edit.begin - done).append(edit.text);
+    done = edit.end;
+  }
+  merged.append(bytes, done, bytes.size() - done);
+  for (const std::string& name : newSections) {
+    if (!EndsLine(merged)) merged.append(lineEnd);
+    merged.append("[").append(name).append("]").append(lineEnd);
+    AppendLines(merged, sections.find(LowerCase(name))->second.added, lineEnd);
+  }
+
+  bytes = std::move(merged);
+  values.clear();
+  newSections.clear();
+  sections.clear();
+  pending = false;
+}
+
+}  // namespace dialwright

@@ -1,0 +1,179 @@
+#include "platform/posix/FileStorePosix.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "platform/posix/DescriptorPosix.h"
+#include "platform/posix/HostPath.h"
+#include "platform/posix/ReplaceFilePosix.h"
+#include "text/Text.h"
+
+namespace dialwright {
+namespace {
+
+using Status = struct stat;
+
+std::optional<Status> StatusOf(const std::string& hostPath) {
+  Status status{};
+  if (stat(hostPath.c_str(), &status) != 0) return std::nullopt;
+  return status;
+}
+
+bool IsFile(const std::optional<Status>& status) { return status && S_ISREG(status->st_mode); }
+
+bool IsReadOnly(const std::string& hostPath, const Status& status) {
+  constexpr mode_t anyWriter = S_IWUSR | S_IWGRP | S_IWOTH;
+  return (status.st_mode & anyWriter) == 0 ||
+         faccessat(AT_FDCWD, hostPath.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
+// Before the system is asked: it would let the owner of the machine write.
+void RefuseReadOnly(const std::string& hostPath) {
+  const std::optional<Status> status = StatusOf(hostPath);
+  if (IsFile(status) && IsReadOnly(hostPath, *status)) {
+    throw RuntimeFailure(Failure::permissionDenied);
+  }
+}
+
+// The file that a symbolic link leads to in the end.
+std::string TargetOf(const std::string& hostPath) {
+  const std::unique_ptr<char, void (*)(void*)> target(realpath(hostPath.c_str(), nullptr),
+                                                      std::free);
+  if (!target) ThrowErrno(errno, hostPath);
+  return target.get();
+}
+
+void ReplaceExisting(const std::string& hostPath, std::string_view bytes) {
+  const std::string target = TargetOf(hostPath);
+  RefuseReadOnly(target);
+  ReplaceFile(target, bytes);
+}
+
+class OutputFilePosix : public OutputFile {
+ public:
+  OutputFilePosix(std::string hostPath, Descriptor opened)
+      : path(std::move(hostPath)), file(std::move(opened)) {}
+
+  void write(std::string_view bytes) override {
+    if (!file) throw RuntimeFailure(Failure::badFileName);
+    if (const int error = file.Write(bytes)) ThrowErrno(error, path);
+  }
+  void close() override {
+    if (const int error = file.Close()) ThrowErrno(error, path);
+  }
+
+ private:
+  std::string path;
+  Descriptor file;
+};
+
+}  // namespace
+
+FileStorePosix::FileStorePosix(std::string hostFolder, char currentDrive)
+    : root(std::filesystem::absolute(std::move(hostFolder)).string()), drive(currentDrive) {}
+
+std::string FileStorePosix::HostPath(std::string_view path) const {
+  // No name holds a zero; the system's calls would take the text before it for the path.
+  if (path.find('\0') != std::string_view::npos) return {};
+  return ExistingSpelling(SpelledHostPath(path, root, drive));
+}
+
+FileStore::Kind FileStorePosix::kind(std::string_view path) {
+  const std::optional<Status> status = StatusOf(HostPath(path));
+  if (IsFile(status)) return Kind::file;
+  return status && S_ISDIR(status->st_mode) ? Kind::folder : Kind::none;
+}
+
+std::optional<FileStamp> FileStorePosix::stamp(std::string_view path) {
+  const std::optional<Status> status = StatusOf(HostPath(path));
+  if (!IsFile(status)) return std::nullopt;
+  FileStamp result;
+  result.device = status->st_dev;
+  result.identity = status->st_ino;
+  result.size = static_cast<std::uint64_t>(status->st_size);
+  // The time of the last change of any kind: a tool can set back the other one, but not this.
+  result.modified = std::int64_t{status->st_ctim.tv_sec} * 1'000'000'000 + status->st_ctim.tv_nsec;
+  return result;
+}
+
+std::vector<std::string> FileStorePosix::fileNames(std::string_view folder) {
+  const std::string hostFolder = HostPath(folder);
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(hostFolder.c_str()), closedir);
+  if (!entries) {
+    const int error = errno;
+    if (error == ENOENT) throw RuntimeFailure(Failure::pathNotFound);
+    ThrowErrno(error, hostFolder);
+  }
+  std::vector<std::string> names;
+  while (const dirent* entry = readdir(entries.get())) {
+    if (IsFile(StatusOf(hostFolder + "/" + entry->d_name))) names.emplace_back(entry->d_name);
+  }
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    return std::pair(LowerCase(a), a) < std::pair(LowerCase(b), b);
+  });
+  return names;
+}
+
+std::string FileStorePosix::read(std::string_view path) {
+  const std::string hostPath = HostPath(path);
+  // Without waiting: nothing may be at the other end of what is not a file.
+  const Descriptor file = Descriptor::Open(hostPath, O_RDONLY | O_NONBLOCK);
+  if (!file) ThrowErrno(errno, hostPath);
+  std::string bytes;
+  if (const int error = file.Read(bytes)) ThrowErrno(error, hostPath);
+  return bytes;
+}
+
+std::unique_ptr<OutputFile> FileStorePosix::open(std::string_view path, Opening opening,
+                                                 bool create) {
+  const std::string hostPath = HostPath(path);
+  RefuseReadOnly(hostPath);
+  const int flags = O_WRONLY | O_NONBLOCK | (opening == Opening::truncate ? O_TRUNC : O_APPEND) |
+                    (create ? O_CREAT : 0);
+  Descriptor file = Descriptor::Open(hostPath, flags, 0666);
+  if (!file) ThrowErrno(errno, hostPath);
+  return std::make_unique<OutputFilePosix>(hostPath, std::move(file));
+}
+
+void FileStorePosix::replace(std::string_view path, std::string_view bytes) {
+  ReplaceExisting(HostPath(path), bytes);
+}
+
+void FileStorePosix::copy(std::string_view from, std::string_view to, bool overwrite) {
+  const std::string source = HostPath(from);
+  const std::string target = HostPath(to);
+  const std::string bytes = read(from);
+  if (StatusOf(target)) {
+    if (!overwrite) throw RuntimeFailure(Failure::fileAlreadyExists);
+    ReplaceExisting(target, bytes);
+    return;
+  }
+  // No more readers than the source has; the owner may always write the copy, or a copy of a
+  // read-only file could not be renewed.
+  const std::optional<Status> status = StatusOf(source);
+  MakeFile(target, bytes, (status ? status->st_mode & 0777 : 0600) | 0200);
+}
+
+void FileStorePosix::remove(std::string_view path, bool force) {
+  const std::string hostPath = HostPath(path);
+  if (kind(path) == Kind::folder) throw RuntimeFailure(Failure::fileNotFound);
+  if (!force) RefuseReadOnly(hostPath);
+  if (unlink(hostPath.c_str()) != 0) ThrowErrno(errno, hostPath);
+}
+
+void FileStorePosix::createFolder(std::string_view path) {
+  const std::string hostPath = HostPath(path);
+  if (mkdir(hostPath.c_str(), 0777) == 0) return;
+  if (errno == ENOENT) throw RuntimeFailure(Failure::pathNotFound);
+  ThrowErrno(errno, hostPath);
+}
+
+}  // namespace dialwright

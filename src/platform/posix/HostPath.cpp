@@ -1,0 +1,101 @@
+#include "platform/posix/HostPath.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "text/Text.h"
+
+namespace dialwright {
+namespace {
+
+bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+bool IsThere(const std::string& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+std::vector<std::string_view> Names(std::string_view path) {
+  std::vector<std::string_view> names;
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find('/'), path.size());
+    if (end > 0) names.push_back(path.substr(0, end));
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
+  return names;
+}
+
+std::string OnDrive(char letter, std::string_view rest, std::string_view hostFolder) {
+  std::vector<std::string_view> kept;
+  for (const std::string_view name : Names(rest)) {
+    if (name == "..") {
+      if (!kept.empty()) kept.pop_back();
+    } else if (name != ".") {
+      kept.push_back(name);
+    }
+  }
+  std::string result(hostFolder);
+  result.append("/drive_").append(LowerCase(std::string_view(&letter, 1)));
+  for (const std::string_view name : kept) result.append("/").append(name);
+  return result;
+}
+
+// The first name by its bytes, so that the same file is found every time.
+std::optional<std::string> NameInFolder(const std::string& folder, std::string_view name) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+  std::optional<std::string> found;
+  if (!entries) return found;
+  while (const dirent* entry = readdir(entries.get())) {
+    const std::string_view candidate = entry->d_name;
+    if (EqualsIgnoringCase(candidate, name) && (!found || candidate < *found)) found = candidate;
+  }
+  return found;
+}
+
+}  // namespace
+
+std::string SpelledHostPath(std::string_view path, std::string_view hostFolder, char currentDrive) {
+  std::string slashed(path);
+  std::replace(slashed.begin(), slashed.end(), '\\', '/');
+  const std::string_view text = slashed;
+  if (text.size() >= 2 && IsLetter(text[0]) && text[1] == ':') {
+    return OnDrive(text[0], text.substr(2), hostFolder);
+  }
+  if (path.starts_with('\\') && currentDrive != 0) return OnDrive(currentDrive, text, hostFolder);
+  while (slashed.size() > 1 && slashed.back() == '/') slashed.pop_back();
+  return slashed;
+}
+
+std::string ExistingSpelling(std::string_view hostPath) {
+  std::string spelled(hostPath);
+  if (spelled.empty() || IsThere(spelled)) return spelled;
+
+  std::string path = spelled.front() == '/' ? "/" : "";
+  bool searching = true;
+  for (const std::string_view name : Names(spelled)) {
+    const std::string folder = path.empty() ? "." : path;
+    if (!path.empty() && path.back() != '/') path.push_back('/');
+    const std::string straight = path + std::string(name);
+    if (!searching || IsThere(straight)) {
+      path = straight;
+      continue;
+    }
+    const std::optional<std::string> found = NameInFolder(folder, name);
+    searching = found.has_value();
+    path.append(found ? std::string_view(*found) : name);
+  }
+  return path;
+}
+
+std::string FolderOf(std::string_view hostPath) {
+  const std::size_t slash = hostPath.rfind('/');
+  if (slash == std::string_view::npos) return ".";
+  return std::string(hostPath.substr(0, std::max<std::size_t>(slash, 1)));
+}
+
+}  // namespace dialwright

@@ -1,0 +1,175 @@
+#include "platform/posix/ReplaceFilePosix.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <vector>
+
+#include "platform/posix/DescriptorPosix.h"
+#include "platform/posix/HostPath.h"
+
+namespace dialwright {
+namespace {
+
+// A temporary file beside the one to come; gone with its owner unless it was renamed.
+class Sibling {
+ public:
+  // The name does not grow with that of the file, which may be as long as names can be. One that is
+  // there already is another program's at work, or was left by one that ended in the middle.
+  Sibling(const std::string& hostPath, unsigned permissions) {
+    const std::string start = FolderOf(hostPath) + "/.dialwright-" + std::to_string(getpid()) + "-";
+    for (int attempt = 0; attempt < 1000 && !file; ++attempt) {
+      path = start + std::to_string(attempt);
+      file = Descriptor::Open(path, O_WRONLY | O_CREAT | O_EXCL, permissions);
+      error = file ? 0 : errno;
+      if (error != EEXIST) break;
+    }
+  }
+  ~Sibling() {
+    if (file && !renamed) unlink(path.c_str());
+  }
+  Sibling(const Sibling&) = delete;
+  Sibling& operator=(const Sibling&) = delete;
+
+  int RenameTo(const std::string& target) {
+    if (rename(path.c_str(), target.c_str()) != 0) return errno;
+    renamed = true;
+    return 0;
+  }
+
+  std::string path;
+  Descriptor file;
+  int error = 0;
+
+ private:
+  bool renamed = false;
+};
+
+// Errors of a step that needs more than the file itself: the folder, or somebody else's rights.
+bool MayTryInPlace(int error) {
+  return error == EACCES || error == EPERM || error == EROFS || error == EBUSY || error == EXDEV;
+}
+
+// The access list and the user's attributes; the system sets its own for each new file.
+bool IsKept(std::string_view attribute) {
+  return attribute.starts_with("user.") || attribute == "system.posix_acl_access";
+}
+
+std::vector<std::string> AttributeNames(int file) {
+  std::vector<std::string> names;
+  const ssize_t size = flistxattr(file, nullptr, 0);
+  if (size <= 0) return names;
+  std::string list(static_cast<std::size_t>(size), '\0');
+  const ssize_t length = flistxattr(file, list.data(), list.size());
+  if (length <= 0) return names;
+  list.resize(static_cast<std::size_t>(length));
+  for (std::size_t at = 0; at < list.size(); at += names.back().size() + 1) {
+    names.emplace_back(list.c_str() + at);
+  }
+  return names;
+}
+
+int CopyAttributes(int from, int to) {
+  for (const std::string& name : AttributeNames(from)) {
+    if (!IsKept(name)) continue;
+    const ssize_t size = fgetxattr(from, name.c_str(), nullptr, 0);
+    if (size < 0) return errno;
+    std::string value(static_cast<std::size_t>(size), '\0');
+    const ssize_t length = fgetxattr(from, name.c_str(), value.data(), value.size());
+    if (length < 0) return errno;
+    if (fsetxattr(to, name.c_str(), value.data(), static_cast<std::size_t>(length), 0) != 0) {
+      return errno;
+    }
+  }
+  return 0;
+}
+
+// The owner before the permissions: a change of owner takes permissions away.
+int CopyOwnership(const Descriptor& from, const Descriptor& to) {
+  struct stat status {};
+  struct stat fresh {};
+  if (fstat(from.number(), &status) != 0 || fstat(to.number(), &fresh) != 0) return errno;
+  const bool sameOwner = status.st_uid == fresh.st_uid && status.st_gid == fresh.st_gid;
+  if (!sameOwner && fchown(to.number(), status.st_uid, status.st_gid) != 0) return errno;
+  if (fchmod(to.number(), status.st_mode & 07777) != 0) return errno;
+  return CopyAttributes(from.number(), to.number());
+}
+
+// A folder that cannot be opened or flushed at all leaves the rename to the system's own time.
+int FlushFolder(const std::string& hostPath) {
+  const Descriptor folder = Descriptor::Open(FolderOf(hostPath), O_RDONLY | O_DIRECTORY);
+  if (!folder) return 0;
+  const int error = folder.Flush();
+  return error == EIO || error == ENOSPC || error == EDQUOT ? error : 0;
+}
+
+int WriteAndRename(Sibling& sibling, const std::string& hostPath, std::string_view bytes) {
+  if (const int error = sibling.file.Write(bytes)) return error;
+  if (const int error = sibling.file.Flush()) return error;
+  return sibling.RenameTo(hostPath);
+}
+
+struct Attempt {
+  int error = 0;
+  bool renamed = false;
+};
+
+Attempt ReplaceBySibling(const std::string& hostPath, const Descriptor& old,
+                         std::string_view bytes) {
+  Sibling sibling(hostPath, 0600);
+  if (sibling.error != 0) return {sibling.error};
+  if (const int error = CopyOwnership(old, sibling.file)) return {error};
+  if (const int error = WriteAndRename(sibling, hostPath, bytes)) return {error};
+  return {FlushFolder(hostPath), true};
+}
+
+int WriteWhole(const Descriptor& file, std::string_view bytes) {
+  if (lseek(file.number(), 0, SEEK_SET) != 0) return errno;
+  if (const int error = file.Write(bytes)) return error;
+  if (const int error = file.Truncate(bytes.size())) return error;
+  return file.Flush();
+}
+
+int ReplaceInPlace(const std::string& hostPath, std::string_view bytes) {
+  const Descriptor file = Descriptor::Open(hostPath, O_RDWR);
+  if (!file) return errno;
+  std::string old;
+  if (const int error = file.Read(old)) return error;
+  const int error = WriteWhole(file, bytes);
+  // The old bytes need no room that the file does not have; if this fails too, nothing more can be
+  // done, and the first failure tells what happened.
+  if (error != 0) WriteWhole(file, old);
+  return error;
+}
+
+}  // namespace
+
+void ReplaceFile(const std::string& hostPath, std::string_view bytes) {
+  const Descriptor old = Descriptor::Open(hostPath, O_RDONLY | O_NONBLOCK);
+  // A file that may be written but not read: neither can its rights be taken over nor its bytes
+  // kept.
+  if (!old) ThrowErrno(errno, hostPath);
+  struct stat status {};
+  if (fstat(old.number(), &status) != 0) ThrowErrno(errno, hostPath);
+  if (S_ISDIR(status.st_mode)) throw RuntimeFailure(Failure::pathFileAccess);
+  if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::deviceUnavailable);
+
+  const Attempt attempt = ReplaceBySibling(hostPath, old, bytes);
+  int error = attempt.error;
+  if (!attempt.renamed && MayTryInPlace(error)) error = ReplaceInPlace(hostPath, bytes);
+  if (error != 0) ThrowErrno(error, hostPath);
+}
+
+void MakeFile(const std::string& hostPath, std::string_view bytes, unsigned permissions) {
+  Sibling sibling(hostPath, permissions);
+  if (sibling.error != 0) ThrowErrno(sibling.error, hostPath);
+  if (const int error = WriteAndRename(sibling, hostPath, bytes)) ThrowErrno(error, hostPath);
+  if (const int error = FlushFolder(hostPath)) ThrowErrno(error, hostPath);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,157 @@
+#include <windows.h>
+// after windows.h
+#include <aclapi.h>
+
+#include <memory>
+
+#include "platform/win32/FailureWin32.h"
+#include "platform/win32/HandleWin32.h"
+#include "platform/win32/ReplaceFileWin32.h"
+
+namespace dialwright {
+namespace {
+
+std::wstring FolderOf(const std::wstring& path) {
+  return path.substr(0, path.find_last_of(L"\\/") + 1);
+}
+
+// A temporary file beside the one to come; gone with its owner unless it was renamed.
+class Sibling {
+ public:
+  // A name that is there already is another program's at work, or was left by one that ended in the
+  // middle. A copy brings the attributes and the named streams of its model.
+  Sibling(const std::wstring& target, bool isModel) {
+    const std::wstring start =
+        FolderOf(target) + L".dialwright-" + std::to_wstring(GetCurrentProcessId()) + L"-";
+    bool made = false;
+    for (int attempt = 0; attempt < 1000 && !made; ++attempt) {
+      path = start + std::to_wstring(attempt);
+      made = isModel ? CopyFileW(target.c_str(), path.c_str(), TRUE) != 0
+                     : bool(HandleWin32::Open(path, GENERIC_WRITE, CREATE_NEW));
+      const DWORD error = GetLastError();
+      if (!made && error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS) break;
+    }
+    if (!made) ThrowLastError();
+  }
+  ~Sibling() {
+    if (!renamed) DeleteFileW(path.c_str());
+  }
+  Sibling(const Sibling&) = delete;
+  Sibling& operator=(const Sibling&) = delete;
+
+  void Fill(std::string_view bytes) const {
+    HandleWin32 file = HandleWin32::Open(path, GENERIC_WRITE, OPEN_EXISTING);
+    if (!file) ThrowLastError();
+    file.Empty();
+    file.Write(bytes);
+    file.Flush();
+    file.Close();
+  }
+
+  void RenameTo(const std::wstring& target) {
+    constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    if (!MoveFileExW(path.c_str(), target.c_str(), flags)) ThrowLastError();
+    renamed = true;
+  }
+
+  std::wstring path;
+
+ private:
+  bool renamed = false;
+};
+
+struct LocalFreeing {
+  void operator()(void* memory) const { LocalFree(memory); }
+};
+
+// A file's owner, group and access list.
+struct Security {
+  explicit Security(const std::wstring& path) {
+    std::wstring name = path;
+    PSECURITY_DESCRIPTOR read = nullptr;
+    const DWORD error = GetNamedSecurityInfoW(
+        name.data(), SE_FILE_OBJECT,
+        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &owner,
+        &group, &access, nullptr, &read);
+    descriptor.reset(read);
+    if (error != ERROR_SUCCESS) throw RuntimeFailure(FailureOfWin32(error));
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    if (GetSecurityDescriptorControl(read, &control, &revision)) {
+      isProtected = (control & SE_DACL_PROTECTED) != 0;
+    }
+  }
+
+  std::unique_ptr<void, LocalFreeing> descriptor;
+  PSID owner = nullptr;
+  PSID group = nullptr;
+  PACL access = nullptr;
+  bool isProtected = false;
+};
+
+bool IsSame(PSID a, PSID b) { return a != nullptr && b != nullptr && EqualSid(a, b); }
+
+// To give a file to another owner takes a right that few have: it is asked for only where it is
+// needed.
+void CopySecurity(const std::wstring& from, const std::wstring& to) {
+  const Security old(from);
+  const Security fresh(to);
+  SECURITY_INFORMATION parts =
+      DACL_SECURITY_INFORMATION | (old.isProtected ? PROTECTED_DACL_SECURITY_INFORMATION
+                                                   : UNPROTECTED_DACL_SECURITY_INFORMATION);
+  if (!IsSame(old.owner, fresh.owner)) parts |= OWNER_SECURITY_INFORMATION;
+  if (!IsSame(old.group, fresh.group)) parts |= GROUP_SECURITY_INFORMATION;
+  std::wstring name = to;
+  const DWORD error = SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, parts, old.owner,
+                                            old.group, old.access, nullptr);
+  if (error != ERROR_SUCCESS) throw RuntimeFailure(Failure::permissionDenied);
+}
+
+void ReplaceBySibling(const std::wstring& path, std::string_view bytes) {
+  Sibling sibling(path, true);
+  CopySecurity(path, sibling.path);
+  sibling.Fill(bytes);
+  sibling.RenameTo(path);
+}
+
+void WriteWhole(const HandleWin32& file, std::string_view bytes) {
+  file.Empty();
+  file.Write(bytes);
+  file.Flush();
+}
+
+void ReplaceInPlace(const std::wstring& path, std::string_view bytes) {
+  const HandleWin32 file = HandleWin32::Open(path, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
+  if (!file) ThrowLastError();
+  const std::string old = file.ReadWhole();
+  try {
+    WriteWhole(file, bytes);
+  } catch (const RuntimeFailure&) {
+    // The old bytes need no room that the file does not have; if this fails too, nothing more can
+    // be done, and the first failure tells what happened.
+    try {
+      WriteWhole(file, old);
+    } catch (const RuntimeFailure&) {
+    }
+    throw;
+  }
+}
+
+}  // namespace
+
+void ReplaceWithBytes(const std::wstring& path, std::string_view bytes) {
+  try {
+    ReplaceBySibling(path, bytes);
+  } catch (const RuntimeFailure& failure) {
+    if (failure.number != static_cast<int>(Failure::permissionDenied)) throw;
+    ReplaceInPlace(path, bytes);
+  }
+}
+
+void MakeWithBytes(const std::wstring& path, std::string_view bytes) {
+  Sibling sibling(path, false);
+  sibling.Fill(bytes);
+  sibling.RenameTo(path);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,84 @@
+#include "shell/events/SaveChain.h"
+
+#include <string>
+
+#include "documents/HTMLKeyMap.h"
+#include "documents/SetupMenuDocument.h"
+#include "documents/WalletCard.h"
+#include "messages/FailureTrap.h"
+#include "scripts/Backup.h"
+#include "scripts/Checksum.h"
+#include "scripts/KeyMapSave.h"
+#include "scripts/SetupOptions.h"
+#include "shell/Program.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+using SaveProcedure = bool (*)(frmMain&, bool bCreateKeyDocument, bool second);
+
+constexpr SaveProcedure menuSaves[] = {SaveMainMenuKeyInfo, SaveVCRKeyInfo, SaveAfterMessageKeyInfo,
+                                       SaveGlobalsKeyInfo};
+
+bool saveMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
+  for (const SaveProcedure save : menuSaves)
+    if (!save(form, bCreateKeyDocument, second)) return false;
+  SaveSetupMenuKeyInfo(form, bCreateKeyDocument, second);
+  SaveSetupInfo(form);
+  return true;
+}
+
+void updateChecksum(frmMain& form, const std::string& path) {
+  UpdateChecksumForFile(form.program, strChecksumText(lngGetFileChecksum(form.program, path)),
+                        path);
+}
+
+void offerDocuments(frmMain& form) {
+  Program& program = form.program;
+  const FailureTrap step{form.program, FailurePrefix::localized, "SaveKeyMapInfo"};
+  if (form.chkGenerateHelp.Value() == 1 &&
+      program.MsgBox(program.mymyLoadString(1022), MsgBoxButtons::YesNo) == MsgBoxAnswer::Yes)
+    step([&] {
+      program.Shell("Explorer \"" + program.folder + std::string(strHelpFileName) + "\"",
+                    WindowState::minimizedFocus);
+    });
+  if (form.chkGeneratePDF.Value() == 1) GeneratePDFWalletCard(form, {});
+}
+
+}  // namespace
+
+void cmdSave_Click(frmMain& form) {
+  const FailureTrap step{form.program, FailurePrefix::fixed, "cmdSave_Click"};
+  FileSystemObject& files = form.program.files;
+  form.cmdSave.Enabled = false;
+  if (files.FileExists(form.strXMLKeyMapFile))
+    step([&] { files.DeleteFile(form.strXMLKeyMapFile, true); });
+  // The failures of this copy are the button's to report: the procedure has no trap of its own.
+  step([&] { CreateKeyMapHTMLFromTemplate(form); });
+  form.Pointer = MousePointer::hourglass;
+  form.Pointer = MousePointer::standard;
+  const bool documents = form.chkGenerateHelp.Value() != 0 || form.chkGeneratePDF.Value() != 0;
+  SaveKeyMapInfo(form, documents, documents);
+}
+
+void SaveKeyMapInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
+  Program& program = form.program;
+  form.iKeyMapErrorCount = 0;
+  form.Pointer = MousePointer::hourglass;
+  const bool saved = saveMenus(form, bCreateKeyDocument, second);
+  form.Pointer = MousePointer::standard;
+  if (!saved || form.iKeyMapErrorCount != 0) return;
+
+  updateChecksum(form, form.strMainMenuScript);
+  updateChecksum(form, form.strMessagePlaybackScript);
+  if (form.SSTab1.TabVisible(setupTab)) updateChecksum(form, form.strSetupMenuScript);
+  BackupScriptFiles(form);
+  if (form.chkGenerateHelp.Value() == 0 && form.chkGeneratePDF.Value() == 0)
+    program.MsgBox(program.mymyLoadString(1023));
+  else
+    offerDocuments(form);
+}
+
+}  // namespace dialwright
