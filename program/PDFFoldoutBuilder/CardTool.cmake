@@ -9,6 +9,11 @@ set(CARD_TOOL_SOURCE ${CMAKE_CURRENT_LIST_DIR})
 set(CARD_TOOL_DIR ${DIALWRIGHT_PROGRAM_DIR}/PDFFoldoutBuilder)
 set(CARD_TOOL_BUILD ${CMAKE_BINARY_DIR}/card-tool) # never the program folder itself
 
+set(CARD_TOOL_LINT -Xlint:all,-path)
+if(CMAKE_COMPILE_WARNING_AS_ERROR)
+  list(APPEND CARD_TOOL_LINT -Werror)
+endif()
+
 set(CARD_TOOL_JARS "")
 foreach(library IN ITEMS pdfbox2 fontbox2 commons-logging)
   find_file(CARD_TOOL_${library}_JAR ${library}.jar PATHS /usr/share/java REQUIRED
@@ -36,7 +41,7 @@ file(GLOB CARD_TOOL_SOURCES CONFIGURE_DEPENDS ${CARD_TOOL_SOURCE}/src/*.java)
 add_custom_command(
   OUTPUT ${CARD_TOOL_DIR}/FBuilder.class
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${CARD_TOOL_BUILD}/classes
-  COMMAND ${Java_JAVAC_EXECUTABLE} --release 17 -encoding UTF-8 -Xlint:all,-path -Werror
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 17 -encoding UTF-8 ${CARD_TOOL_LINT}
           -classpath ${CARD_TOOL_DIR}/itext-1.3.jar -d ${CARD_TOOL_BUILD}/classes ${CARD_TOOL_SOURCES}
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CARD_TOOL_BUILD}/classes ${CARD_TOOL_DIR}
   COMMAND ${CMAKE_COMMAND} -E touch ${CARD_TOOL_DIR}/FBuilder.class
