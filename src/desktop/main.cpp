@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 
+#include "desktop/DisplayCheck.h"
 #include "desktop/HostServices.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Pictures.h"
@@ -51,7 +52,9 @@ void runProgram() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  expectDisplay();
+  const QApplication application(argc, argv);
+  displayFound();
   QApplication::setApplicationName(programTitle);
   QApplication::setWindowIcon(QIcon(serverPicture(64)));
   // The window says when the program ends; a closed help window does not.

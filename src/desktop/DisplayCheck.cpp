@@ -1,0 +1,34 @@
+#include "desktop/DisplayCheck.h"
+
+#include <QByteArray>
+#include <QtGlobal>
+#include <cstdio>
+#include <cstdlib>
+
+namespace dialwright {
+
+namespace {
+
+void sayNoDisplay() {
+  const QByteArray display = qgetenv("DISPLAY");
+  if (display.isEmpty())
+    std::fputs("Dialwright: there is no display to show the window on.\n", stderr);
+  else
+    std::fprintf(stderr, "Dialwright: the window cannot be shown on display %s.\n",
+                 display.constData());
+}
+
+/// What the toolkit says before it gives up is about its plugins, and of no use to a user.
+void onMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
+  if (type != QtFatalMsg) return;
+  sayNoDisplay();
+  std::_Exit(1);
+}
+
+}  // namespace
+
+void expectDisplay() { qInstallMessageHandler(onMessage); }
+
+void displayFound() { qInstallMessageHandler(nullptr); }
+
+}  // namespace dialwright
