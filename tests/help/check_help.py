@@ -9,11 +9,13 @@ import sys
 
 # What the program puts together.
 COMPOSED = {"of Form frmMain", "of Form Form1", "of Module MeridVersion", "error in mymyLoadString:",
-            "Error in FormLoad routine:", "Error in MyIsNumber function:",
             ") in procedure UpdateChecksumForFile of Form Form1"}
+# Texts of the table that some procedures show in English whatever the language: the openings of failure reports, the
+# refused version, the closing messages of four stock conversations.
+ENGLISH_EVERYWHERE = {1001, 1035, 1151, 1176, 1177, 1178, 1179}
 
 COMPILED = {"en": ["Dialwright_ENU.chm", "Dialwright.chm"], "de": ["Dialwright_DEU.chm"]}
-MARKED = {"samp": "message", "b": "caption", "span": "description"}
+MARKED = {"msg": "message", "ui": "caption", "text": "description", "en": "English text"}
 
 faults = []
 
@@ -40,20 +42,28 @@ class Page:
         self.anchors = re.findall(' id="([^"]*)"', text)
         self.links = [html.unescape(link) for link in re.findall(' (?:href|src)="([^"]*)"', text)]
         # Each with its pieces between variable parts.
-        self.marked = [(MARKED[tag], {words(piece) for piece in re.split("<br>|<var>.*?</var>", body)} - {""})
-                       for tag, body in re.findall(r'<(samp|b|span) class="(?:msg|ui|text)">(.*?)</\1>', text, re.S)]
+        self.marked = [(MARKED[kind], {words(piece) for piece in re.split("<br>|<var>.*?</var>", body)} - {""})
+                       for kind, body in re.findall(r'<[a-z]+ class="(msg|ui|text|en)">(.*?)</(?:samp|b|span)>', text,
+                                                    re.S)]
+        # The steps that a failure report may name.
+        table = text.partition('id="procedures"')[2].partition("</table>")[0]
+        self.procedures = {name for cell in re.findall("<tr><td.*?</td>", table) for name in re.findall("<code>(.*?)</", cell)}
 
 
-def strings_of(root):
-    """The string table, number to text, and all texts of the sources: some messages and captions stand there."""
-    table, texts = {}, set(COMPOSED)
-    for path in (*root.glob("src/**/*.cpp"), *root.glob("src/language/*.inc")):
-        for number, literals in re.findall(r'(?:ENTRY\((\d{4}), )?((?:"(?:[^"\\\n]|\\.)*"\s*)+)', path.read_text("utf-8")):
-            text = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', literals))
-            texts.add(words(re.sub(r"\\(.)", r"\1", re.sub(r"\\[nrt]", " ", text))))
-            if number:
-                table[int(number)] = words(text.replace('\\"', '"'))
-    return table, texts
+def table_of(paths, row):
+    """A string table, number to text."""
+    rows = [found for path in paths for found in re.findall(row, path.read_text("utf-8"), re.M)]
+    return {int(number): words(text) for number, text in rows}
+
+
+def literals_of(root):
+    """The texts in the sources: some messages and captions stand there."""
+    literals = set(COMPOSED)
+    for path in root.glob("src/**/*.cpp"):
+        for pieces in re.findall(r'((?:"(?:[^"\\\n]|\\.)*"\s*)+)', path.read_text("utf-8")):
+            text = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', pieces))
+            literals.add(words(re.sub(r"\\(.)", r"\1", re.sub(r"\\[nrt]", " ", text))))
+    return literals
 
 
 def site_map(path):
@@ -72,8 +82,8 @@ def check_links(where, links, pages, own=""):
         require(not page or not anchor or anchor in page.anchors, where, f"the anchor of {link} is not there")
 
 
-def check_texts(folder, pages, texts, labels):
-    known = {"caption": {text.replace("&", "") for text in texts}, "message": texts, "description": texts}
+def check_texts(folder, pages, known, labels):
+    """`known` is what each kind of marked text may be, and `labels` are the rows that must be explained."""
     found = {kind: set() for kind in known}
     for page in pages.values():
         for kind, pieces in page.marked:
@@ -82,7 +92,7 @@ def check_texts(folder, pages, texts, labels):
     require(labels <= found["caption"], folder, f"explains no {labels - found['caption']}")
 
 
-def check_language(language, folder, texts, labels, program_folder, chmls):
+def check_language(language, folder, known, labels, program_folder, chmls):
     pages = {path.name: Page(path) for path in sorted(folder.glob("*.html"))}
     for name, page in pages.items():
         check_links(page.path, page.links, pages, name)
@@ -100,7 +110,9 @@ def check_language(language, folder, texts, labels, program_folder, chmls):
     check_links(folder, [local for _, local in contents + index], pages)
     for name, page in pages.items():
         require((page.title, name) in contents, folder, f"its contents do not lead to {name} under its title")
-    check_texts(folder, pages, texts, labels)
+    check_texts(folder, pages, known, labels)
+    procedures = pages["failures.html"].procedures
+    require(len(procedures) > 8 and procedures <= known["message"], folder, f"no report names {procedures - known['message']}")
     for chm in (program_folder / name for name in COMPILED[language]):
         listed = subprocess.run([chmls, "-n", "-p", "list", chm], capture_output=True, text=True).stdout.split()
         for name in (*files, "dialwright.hhc", "dialwright.hhk", "$FIftiMain"):
@@ -110,13 +122,20 @@ def check_language(language, folder, texts, labels, program_folder, chmls):
 
 def main():
     root, program_folder, chmls = map(pathlib.Path, sys.argv[1:])
-    table, texts = strings_of(root)
+    english = table_of(root.glob("src/language/*.inc"), r'^ENTRY\((\d{4}), "(.*)"\)$')
+    tables = {"en": english, "de": table_of([root / "languages/DEU.rc"], r'^ *(\d{4}) "(.*)"$')}
+    literals = literals_of(root)
+    stays_english = literals - set(english.values()) | {english[number] for number in ENGLISH_EVERYWHERE}
     rows = re.findall(r'\{"\w+", (\d{4}), (\d{4}|0), ', (root / "src/keymap/CatalogueTables.cpp").read_text("utf-8"))
     require(len(rows) >= 70, "CatalogueTables.cpp", f"only {len(rows)} actions could be read")
-    labels = {table[int(number)] for row in rows for number in row if number != "0"}
-    pages = {language: check_language(language, root / "program/help" / language, texts, labels, program_folder,
-                                      chmls) for language in COMPILED}
-    print(*faults, f"{len(table)} texts, pages {pages}, {len(faults)} faults", sep="\n")
+    counts = {}
+    for language, table in tables.items():
+        texts = set(table.values()) | (literals if language == "en" else stays_english)
+        known = {"caption": {text.replace("&", "") for text in texts}, "message": texts, "description": texts,
+                 "English text": set(english.values()) | literals}
+        labels = {table[int(number)] for row in rows for number in row if number != "0"}
+        counts[language] = check_language(language, root / "program/help" / language, known, labels, program_folder, chmls)
+    print(*faults, f"{len(english)} texts, pages {counts}, {len(faults)} faults", sep="\n")
     sys.exit(1 if faults else 0)
 
 
