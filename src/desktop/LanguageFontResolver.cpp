@@ -1,6 +1,7 @@
 #include "desktop/LanguageFontResolver.h"
 
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <algorithm>
 
@@ -22,13 +23,21 @@ constexpr CharsetRow charsets[] = {
     {136, QFontDatabase::TraditionalChinese},
 };
 
+/// Whether a family is one of typewriters. Those of the East have two widths, one for their own
+/// signs and half of it for Latin letters, and don't call themselves of fixed pitch.
+bool isTypewriters(const QString& family) {
+  const QFontMetricsF metrics{QFont(family)};
+  return QFontDatabase::isFixedPitch(family) ||
+         metrics.horizontalAdvance('i') == metrics.horizontalAdvance('W');
+}
+
 /// A family with the script's letters; of several, one whose letters are as wide as they are by
 /// nature. Empty where no installed font has them.
 QString familyFor(QFontDatabase::WritingSystem script) {
   const QStringList families = QFontDatabase::families(script);
   const auto proportional =
       std::find_if(families.begin(), families.end(), [](const QString& family) {
-        return !QFontDatabase::isFixedPitch(family) && !QFontDatabase::isPrivateFamily(family);
+        return !QFontDatabase::isPrivateFamily(family) && !isTypewriters(family);
       });
   if (proportional != families.end()) return *proportional;
   return families.value(0);

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTableView>
+#include <QTextDocument>
 #include <QTextEdit>
 
 #include "desktop/MainWindow.h"
@@ -73,7 +74,9 @@ QString shownText(const QWidget& widget) {
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
   if (const auto* frame = qobject_cast<const QGroupBox*>(&widget)) return frame->title();
-  if (const auto* text = qobject_cast<const QTextEdit*>(&widget)) return text->toPlainText();
+  // The plain text would have a blank for each no-break space.
+  if (const auto* text = qobject_cast<const QTextEdit*>(&widget))
+    return text->document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
   return {};
 }
 
