@@ -15,6 +15,7 @@ COMPOSED = {"of Form frmMain", "of Form Form1", "of Module MeridVersion", "error
 ENGLISH_EVERYWHERE = {1001, 1035, 1151, 1176, 1177, 1178, 1179}
 
 COMPILED = {"en": ["Dialwright_ENU.chm", "Dialwright.chm"], "de": ["Dialwright_DEU.chm"]}
+LARGEST_PICTURE = 40 * 1024
 MARKED = {"msg": "message", "ui": "caption", "text": "description", "en": "English text"}
 
 faults = []
@@ -74,11 +75,11 @@ def site_map(path):
     return [(html.unescape(name), local) for name, local in entries]
 
 
-def check_links(where, links, pages, own=""):
+def check_links(where, links, pages, own="", others=("style.css",)):
     for link in links:
         name, _, anchor = link.partition("#")
         page = pages.get(name or own)
-        require(page or name == "style.css", where, f"the link {link} leads nowhere")
+        require(page or name in others, where, f"the link {link} leads nowhere")
         require(not page or not anchor or anchor in page.anchors, where, f"the anchor of {link} is not there")
 
 
@@ -94,14 +95,18 @@ def check_texts(folder, pages, known, labels):
 
 def check_language(language, folder, known, labels, program_folder, chmls):
     pages = {path.name: Page(path) for path in sorted(folder.glob("*.html"))}
+    pictures = {path.name: path.stat().st_size for path in folder.glob("*.png")}
     for name, page in pages.items():
-        check_links(page.path, page.links, pages, name)
+        check_links(page.path, page.links, pages, name, ("style.css", *pictures))
+    for name, size in pictures.items():
+        require(size <= LARGEST_PICTURE, folder / name, f"has {size} bytes")
+        require(any(name in page.links for page in pages.values()), folder / name, "no page shows it")
 
     project = folder / "dialwright.hhp"
     text = project.read_text("ascii")
     options = dict(re.findall(r"^([^\n=]+)=(.*)$", text, re.M))
     files = text.partition("[FILES]")[2].split()
-    require(sorted(files) == sorted([*pages, "style.css"]), project, "[FILES] and the folder differ")
+    require(sorted(files) == sorted([*pages, *pictures, "style.css"]), project, "[FILES] and the folder differ")
     wanted = {"Contents file": "dialwright.hhc", "Index file": "dialwright.hhk", "Compiled file": COMPILED[language][0]}
     require(wanted.items() <= options.items(), project, f"is not for {wanted}")
     require(options.get("Default topic") in pages, project, "the default topic is not there")
