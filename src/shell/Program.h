@@ -38,11 +38,6 @@ struct Services {
   HelpViewer& help;
 };
 
-/// The program's own number, as the about box shows it.
-inline constexpr int programMajor = 1;
-inline constexpr int programMinor = 0;
-inline constexpr int programRevision = 0;
-
 /// The composition root: the services, the program folder, and the modules that have state. It is
 /// built once in `main`, or once a transcript.
 class Program final : public Messages {

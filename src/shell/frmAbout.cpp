@@ -4,6 +4,7 @@
 #include <string>
 
 #include "shell/Program.h"
+#include "shell/ProgramVersion.h"
 
 namespace dialwright {
 
@@ -70,9 +71,9 @@ void frmAbout_Load(frmAbout& about) {
   Program& program = about.program;
   frmAbout_Auto_Init(about);
   // A number turns into text with a blank in front; only the minor version is trimmed.
-  about.lblVersion.Caption = " " + std::to_string(programMajor) + "." +
-                             std::to_string(programMinor) + program.mymyLoadString(1009) + " " +
-                             std::to_string(programRevision);
+  about.lblVersion.Caption = " " + std::to_string(programVersion.iMajor) + "." +
+                             std::to_string(programVersion.iMinor) + program.mymyLoadString(1009) +
+                             " " + std::to_string(programVersion.iRevision);
   program.language.InitalizeLanguages();
   const std::vector<std::string>& codes = program.language.astrLanguages;
   if (codes.size() == 1) {
