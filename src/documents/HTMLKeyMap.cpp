@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "keymap/Catalogue.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
@@ -14,21 +13,15 @@ namespace {
 
 constexpr std::string_view namePlaceholder = "%CONV_NAME%";
 
-struct Template {
-  Gate gate;
-  std::string_view file;
-};
-
-/// The newest generation first: the first whose gate is open serves.
-constexpr Template templates[] = {
+constexpr PageTemplate templates[] = {
     {{5, 0, 0, 1}, "\\Blank_Map_Template_50.htm"},
     {{4, 2, 0, 38}, "\\Blank_Map_Template.htm"},
     {{}, "\\Blank_Map_TemplatePre42.htm"},
 };
 
 std::string templatePath(const Program& program) {
-  for (const Template& candidate : templates)
-    if (candidate.gate.IsOpen(program.server)) return program.folder + std::string(candidate.file);
+  for (const PageTemplate& candidate : templates)
+    if (candidate.since.IsOpen(program.server)) return program.folder + std::string(candidate.name);
   return {};
 }
 
@@ -52,6 +45,8 @@ std::string readAll(FileSystemObject& files, const std::string& path) {
 }
 
 }  // namespace
+
+std::span<const PageTemplate> PageTemplates() { return templates; }
 
 void CreateKeyMapHTMLFromTemplate(frmMain& form) {
   Program& program = form.program;

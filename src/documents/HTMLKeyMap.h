@@ -1,6 +1,9 @@
 #pragma once
 
+#include <span>
 #include <string_view>
+
+#include "keymap/Catalogue.h"
 
 namespace dialwright {
 
@@ -8,6 +11,15 @@ struct frmMain;
 
 /// The page's name in the program folder.
 inline constexpr std::string_view strHelpFileName = "\\Conversation Key Mappings.HTM";
+
+/// A template of the page, in the program folder.
+struct PageTemplate {
+  Gate since;
+  std::string_view name;
+};
+
+/// The newest generation of servers first: the first template whose gate is open serves.
+std::span<const PageTemplate> PageTemplates();
 
 /// Puts a fresh copy of the template of the server's generation in the page's place. Reports a
 /// missing template; other failures are the caller's.

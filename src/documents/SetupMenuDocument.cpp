@@ -1,24 +1,11 @@
 #include "documents/SetupMenuDocument.h"
 
-#include <span>
-#include <string_view>
-
 #include "documents/XMLKeyMap.h"
-#include "keymap/Catalogue.h"
 #include "shell/Program.h"
-#include "shell/frmMain.h"
 
 namespace dialwright {
 
 namespace {
-
-constexpr Gate setupSections{5, 0, 0, 1};
-
-struct SetupMapping {
-  CheckBox frmMain::*box;
-  std::string_view token;
-  std::string_view keys;
-};
 
 /// The transfer settings have no mapping.
 constexpr SetupMapping setupMenu[] = {
@@ -49,6 +36,9 @@ void writeSection(frmMain& form, std::string_view name, std::span<const SetupMap
 }
 
 }  // namespace
+
+std::span<const SetupMapping> SetupMenu() { return setupMenu; }
+std::span<const SetupMapping> MessageSettingsMenu() { return messageSettingsMenu; }
 
 bool SaveSetupMenuKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   if (!bCreateKeyDocument) return true;

@@ -5,15 +5,18 @@ import html
 import pathlib
 import re
 import subprocess
+import sys
 import unittest
 import zlib
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+sys.path.append(str(ROOT / "tools"))
+import catalogue
+
+KNOWN = catalogue.load()
 NEWEST = (9, 0, 0, 0)
-PREFIXES = ("HEADER_", "BODY_", "FOOTER_")
 # The rows of the two menus of setup options, which no grid has.
-SETUP = ("MAIN_GREETINGS MAIN_MESSAGE_SETTINGS MAIN_PERSONAL_SETTINGS MESSAGE_SETTINGS_NOTIFICATION "
-         "MESSAGE_SETTINGS_FAX MESSAGE_SETTINGS_MENU_STYLE MESSAGE_SETTINGS_PRIVATE_LIST").split()
+SETUP = [*KNOWN.setupMenu, *KNOWN.messageSettingsMenu]
 
 # template, the last version of its generation
 TEMPLATES = [("Blank_Map_TemplatePre42.htm", (4, 2, 0, 37)), ("Blank_Map_Template.htm", (4, 9, 0, 99)),
@@ -22,15 +25,11 @@ TEMPLATES = [("Blank_Map_TemplatePre42.htm", (4, 2, 0, 37)), ("Blank_Map_Templat
 
 def actions(version, older=False):
     """All tokens that a save on a server of the version can hand over, with their labels."""
-    source = (ROOT / "src/keymap/CatalogueTables.cpp").read_text()
-    strings = dict(re.findall(r'ENTRY\((\d{4}), "(.*)"\)', (ROOT / "src/language/FormStrings.inc").read_text("utf-8")))
-    gates = {name: tuple(map(int, numbers.split(",")))
-             for name, numbers in re.findall(r"Gate (\w+)\{([\d, ]+)\}", source)}
-    for menu, rows in re.findall(r"Action (\w+)\[\] = \{(.*?)\n\};", source, re.S):
-        for name, label, older_label, gate in re.findall(r'\{"(\w+)", (\d+), (\d+), (\w+|\{\}),', rows):
-            if gate == "{}" or gates[gate] <= version:
-                text = strings[older_label if older and older_label != "0" else label].strip()
-                yield from ((prefix + name, text) for prefix in (PREFIXES if menu == "playback" else [""]))
+    for menu in (KNOWN.main, KNOWN.playback, KNOWN.after, KNOWN.globals):
+        for row in menu:
+            if row.since <= version:
+                text = KNOWN.strings[row.olderLabel if older else row.label].strip()
+                yield from ((prefix + row.token, text) for prefix in (KNOWN.prefixes if menu is KNOWN.playback else [""]))
 
 
 class Templates(unittest.TestCase):
@@ -72,7 +71,7 @@ class StockScript(unittest.TestCase):
         pairs = re.findall(r"^(\w+)=(.*)\r$", macros, re.M)
         values = dict(pairs)
         self.assertEqual(len(values), len(pairs))
-        for prefix in PREFIXES + ("MSGMENU_",):
+        for prefix in (*KNOWN.prefixes, "MSGMENU_"):
             keys, singles = [], []
             for token in (t for t, _ in actions(NEWEST) if t.startswith(prefix)):
                 # Keys that work on the playing message are single ones, and begin no double one.
