@@ -3,7 +3,7 @@
 # The editor's command line names two places, the folder and itext-1.3.jar in it. The classes go
 # into the folder; the jar holds nothing but the names of the libraries that lie beside it.
 
-find_package(Java 17 REQUIRED COMPONENTS Development)
+find_package(Java 11 REQUIRED COMPONENTS Development)
 
 set(CARD_TOOL_SOURCE ${CMAKE_CURRENT_LIST_DIR})
 set(CARD_TOOL_DIR ${DIALWRIGHT_PROGRAM_DIR}/PDFFoldoutBuilder)
@@ -37,15 +37,22 @@ add_custom_command(
 
 # Classes are compiled apart and copied whole, so that a class that is no more does not stay behind
 # in what is compiled against, and a failed compilation leaves the tool as it was.
+#
+# They are built for the oldest Java that is still kept up. The one that is started first is built
+# for an older one, on which it says what is missing; a compiler may call that one obsolete.
+set(CARD_TOOL_STARTER ${CARD_TOOL_SOURCE}/src/FBuilder.java)
 file(GLOB CARD_TOOL_SOURCES CONFIGURE_DEPENDS ${CARD_TOOL_SOURCE}/src/*.java)
+list(REMOVE_ITEM CARD_TOOL_SOURCES ${CARD_TOOL_STARTER})
 add_custom_command(
   OUTPUT ${CARD_TOOL_DIR}/FBuilder.class
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${CARD_TOOL_BUILD}/classes
-  COMMAND ${Java_JAVAC_EXECUTABLE} --release 17 -encoding UTF-8 ${CARD_TOOL_LINT}
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 11 -encoding UTF-8 ${CARD_TOOL_LINT}
           -classpath ${CARD_TOOL_DIR}/itext-1.3.jar -d ${CARD_TOOL_BUILD}/classes ${CARD_TOOL_SOURCES}
+  COMMAND ${Java_JAVAC_EXECUTABLE} --release 8 -encoding UTF-8 ${CARD_TOOL_LINT} -Xlint:-options
+          -classpath ${CARD_TOOL_BUILD}/classes -d ${CARD_TOOL_BUILD}/classes ${CARD_TOOL_STARTER}
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CARD_TOOL_BUILD}/classes ${CARD_TOOL_DIR}
   COMMAND ${CMAKE_COMMAND} -E touch ${CARD_TOOL_DIR}/FBuilder.class
-  DEPENDS ${CARD_TOOL_SOURCES} ${CARD_TOOL_DIR}/itext-1.3.jar ${CARD_TOOL_JARS}
+  DEPENDS ${CARD_TOOL_STARTER} ${CARD_TOOL_SOURCES} ${CARD_TOOL_DIR}/itext-1.3.jar ${CARD_TOOL_JARS}
   COMMENT "Compiling the card tool"
   VERBATIM)
 

@@ -19,7 +19,9 @@ import unittest
 TOOL = None  # set by main
 A4_ACROSS = (841.89, 595.28)
 PANEL_WIDTH = 85.6 * 72 / 25.4
+PANEL_HEIGHT = 54 * 72 / 25.4
 FOOT_LINE = "* Not every subscriber has this task"
+NAMELESS = "ERROR, invalid key name!"
 
 # As long as the tasks of the program are, all in all.
 TASKS = [
@@ -27,7 +29,7 @@ TASKS = [
     "Jump to message footer", "Skip message, save as is", "Play message properties", "Forward message",
     "Play message by number (saved messages only)", "Cancel or back up", "Play next saved message",
     "Decrease volume*", "Call the subscriber*", "Jump to first message in current message stack",
-    "ERROR, invalid key name!"]
+    NAMELESS]
 KEYS = list("123456789*0#") + [a + b for a in "123456789" for b in "1234567890*#"]
 
 
@@ -41,6 +43,14 @@ ORDINARY = [menu("Main Menu", 8), menu("Message Header", 12), ("Message Body", [
 # As many rows as the program's menus have.
 LONGEST = [menu("Main Menu", 16), menu("Message Header", 35), menu("Message Body", 35), menu("Message Footer", 35),
            menu("After Message Menu", 23), menu("Globals", 2), menu("Setup Menu", 3), menu("Message Settings Menu", 4)]
+
+
+
+def tagged(*counts):
+    """Menus of so many rows, each of which can be found on the card by a word of its own."""
+    return [("Menu %d" % m, [(KEYS[n], "%d.%d %s" % (m, n, TASKS[n % 16])) for n in range(count)])
+            for m, count in enumerate(counts)]
+
 
 # As long as a text of the file may be, and enough of them to need several sheets.
 LARGEST = [menu("Menu %d with a name" % n, 40, "A task with words enough to fill the lines of a column: %s")
@@ -111,19 +121,20 @@ ODD_ROOT = '<ConversationKeyMap product="Tessel"  conversationName="X"\tversion 
 GOOD = [
     # what, key map, menus whose mappings must be there, other texts that must be there, file name, sheets
     ("ordinary", key_map(ORDINARY), ORDINARY,
-     ["Dialwright 1", "Merid 4.2(0.20)", "Globals No keys in this menu"], "Dialwright 1 key card.pdf", 1),
+     ["Dialwright 1", "Merid 4.2(0.20)"], "Dialwright 1 key card.pdf", 1),
     ("longest", key_map(LONGEST), LONGEST, ["Message Settings Menu"], "Dialwright 1 key card.pdf", 1),
     ("several sheets", key_map(LARGEST), LARGEST, ["Sheet 6 of 6"], "Dialwright 1 key card.pdf", 6),
     ("longest texts", key_map(LONG_TEXTS, root("W" * 40, "W" * 40, "W" * 40)), [], ["Long keys"],
      "W" * 40 + " key card.pdf", 1),
-    ("name that no file may have", key_map([], root("..\\..\\CON:1/\xe4")), [], [], "______CON_1__ key card.pdf", 1),
+    ("name that no file may have", key_map([], root("..\\..\\CON:1/\xe4")), [],
+     ["No menu of this conversation has a key."], "______CON_1__ key card.pdf", 1),
     ("no name", key_map([], root("")), [], [], "key card.pdf", 1),
     ("another spacing, line feeds", key_map(ORDINARY, ODD_ROOT).replace(b"\r\n", b"\n"), ORDINARY,
      ["Tessel 1.1(0.0)"], "X key card.pdf", 1),
     # What the file has of a menu whose grid had no rows.
     ("menu without its opening lines", key_map(ORDINARY + [("Setup Menu", [])]).replace(
         b"<KeyMapping>\r\n     <MenuName>Globals</MenuName>\r\n     <Mappings>\r\n", b""),
-     ORDINARY, ["Setup Menu No keys"], "Dialwright 1 key card.pdf", 1),
+     ORDINARY, [], "Dialwright 1 key card.pdf", 1),
     ("nothing is escaped, letters of the code page", key_map(ODD_TEXTS), ODD_TEXTS, ["Men\xfc"],
      "Dialwright 1 key card.pdf", 1),
     ("bytes that no font has", key_map([("M", [("1", "a@b\x01c\xa0d")])]).replace(b"@", b"\x81"),
@@ -153,6 +164,37 @@ BAD = [
 ]
 
 
+# stored map, the conversation's name in the editor's menu, how many panels go on with another's menu
+STORED = [
+    ("StandardKeyMap.XML", "Standard Conversation", 0), ("Optional1KeyMap.XML", "Optional Conversation 1", 4),
+    ("OptionalNKeyMap.XML", "Alternate Keypad Mapping (N)", 5), ("OptionalSKeyMap.XML", "Alternate Keypad Mapping (S)", 0),
+    ("OptionalXKeyMap.XML", "Alternate Keypad Mapping (X)", 5)]
+
+
+TORN = [(9, 20, 21, 15, 12), (9, 30, 31, 5, 12), (9, 34, 35, 1, 12), (30, 31, 32, 33), (60, 60)]
+
+
+def type_size(words, text):
+    """The size of a word's type; the line below a card is set in 8 points."""
+    height = {word[4]: word[3] - word[1] for word in words}
+    return 8 * height[text] / height["Print"]
+
+
+def torn(card, counts):
+    """For each menu of tagged rows its pieces, in order: the sheet, row and column of the panel, and how many rows."""
+    places = {}
+    for sheet, (size, words) in enumerate(pages_of_words(card)):
+        hint = next(word[1] for word in words if word[4] == "Print")
+        rows = round((hint - min(word[1] for word in words) - 20) / PANEL_HEIGHT)
+        top, left = (size[1] - rows * PANEL_HEIGHT) / 2, (size[0] - 3 * PANEL_WIDTH) / 2
+        for x, y, _, _, text in words:
+            if re.fullmatch(r"\d+\.\d+", text):
+                places[text] = sheet, int((y - top) // PANEL_HEIGHT), int((x - left) // PANEL_WIDTH)
+    for menu, count in enumerate(counts):
+        panels = [places["%d.%d" % (menu, n)] for n in range(count)]
+        yield [(place, len(list(group))) for place, group in itertools.groupby(panels)]
+
+
 class CardTool(unittest.TestCase):
     def test_good_maps(self):
         for what, key_map, menus, texts, name, sheets in GOOD:
@@ -169,8 +211,13 @@ class CardTool(unittest.TestCase):
             self.assertIn(wanted, text)
         pairs = collections.Counter(pair for _, mappings in menus for pair in mappings)
         for (keys, task), count in pairs.items():
-            self.assertGreaterEqual(text.count(" %s %s " % (keys, task)), count, (keys, task))
-        self.assertEqual(FOOT_LINE in text, any(task.endswith("*") for _, task in pairs))
+            wanted = 0 if task == NAMELESS else count
+            self.assertGreaterEqual(text.count(" %s %s " % (keys, task)), wanted, (keys, task))
+        self.assertIsNone(re.search("[0-9*#] " + NAMELESS, text))
+        self.assertEqual(text.count(FOOT_LINE), any(task.endswith("*") for _, task in pairs))
+        # A menu has a heading if there is something to stand below it.
+        for name, mappings in menus:
+            self.assertEqual(" %s " % name in text, any(task != NAMELESS for _, task in mappings), name)
 
     def check_pages(self, card, sheets):
         pages = list(pages_of_words(card))
@@ -198,12 +245,57 @@ class CardTool(unittest.TestCase):
                 self.assertIn(reason, result.stderr)
                 self.assertEqual(folder.cards(), [])
 
-    def test_stored_maps(self):
-        maps = sorted((TOOL.parent / "XMLShots").iterdir())
-        self.assertEqual(len(maps), 5)
-        for stored in maps:
-            with self.subTest(stored), Folder(stored.read_bytes()) as folder:
-                self.assertEqual((folder.run().returncode, len(folder.cards())), (0, 1))
+    def test_stored_maps_leave_the_own_card_alone(self):
+        with Folder(WHOLE) as folder:
+            self.assertEqual(folder.run().returncode, 0)
+            own = folder.tool / "PDF" / "Dialwright 1 key card.pdf"
+            old = own.read_bytes()
+            for file, name, torn in STORED:
+                with self.subTest(file):
+                    folder.write((TOOL.parent / "XMLShots" / file).read_bytes())
+                    self.assertEqual(folder.run().returncode, 0)
+                    text = pdf_text(folder.tool / "PDF" / (name + " key card.pdf"))
+                    self.assertTrue(text.startswith(" VOICE MAILBOX KEYS %s " % name), text[:90])
+                    self.assertNotIn("Merid", text)
+                    self.assertEqual(text.count("(continued)"), torn)
+            self.assertEqual((len(folder.cards()), own.read_bytes()), (6, old))
+
+    def test_the_type_that_tears_least(self):
+        for rows, size, pieces in [(18, 8, 1), (20, 7.5, 1), (22, 7, 1), (23, 8, 2)]:
+            menus = [("Menu", [(KEYS[n], "0.%d Rewind*" % n) for n in range(rows)])]
+            with self.subTest(rows), Folder(key_map(menus)) as folder:
+                self.assertEqual(folder.run().returncode, 0)
+                _, words = next(pages_of_words(folder.cards()[0]))
+                self.assertEqual([len(menu) for menu in torn(folder.cards()[0], [rows])], [pieces])
+                self.assertAlmostEqual(type_size(words, "0.0"), size, delta=0.1)
+                for word in ("subscriber", "press"):
+                    self.assertGreater(type_size(words, word), 6.9)
+
+    def test_a_torn_menu_goes_on_beside_itself(self):
+        pieces_seen = 0
+        for counts in TORN:
+            with self.subTest(counts), Folder(key_map(tagged(*counts))) as folder:
+                self.assertEqual(folder.run().returncode, 0)
+                for pieces in torn(folder.cards()[0], counts):
+                    for (place, _), (following, rows) in zip(pieces, pieces[1:]):
+                        pieces_seen += 1
+                        self.assertGreater(rows, 1, pieces)
+                        if following[0] == place[0]:  # the last panel of a sheet has none
+                            self.assertEqual(sum(abs(a - b) for a, b in zip(place, following)), 1, pieces)
+        self.assertGreater(pieces_seen, 2 * len(TORN))
+
+    def test_java(self):
+        for file in TOOL.glob("*.class"):
+            version = int.from_bytes(file.read_bytes()[6:8], "big") - 44
+            self.assertEqual(version, 8 if file.stem == "FBuilder" else 11, file)
+        with Folder(WHOLE) as folder:
+            older = pathlib.Path(folder.name, "Older.java")
+            older.write_text("""class Older { public static void main(String[] none) {
+                System.setProperty("java.specification.version", "1.8"); FBuilder.main(none); } }""")
+            result = subprocess.run(["java", "-classpath", TOOL, older], cwd=folder.tool, capture_output=True, text=True)
+            self.assertEqual((result.returncode, result.stdout, result.stderr),
+                             (1, "", "FBuilder: The card takes Java 11 or newer; this is Java 1.8.\n"))
+            self.assertEqual(folder.cards(), [])
 
     def test_a_card_is_replaced_whole_or_not_at_all(self):
         with Folder(WHOLE) as folder:

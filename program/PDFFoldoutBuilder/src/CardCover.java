@@ -2,6 +2,7 @@ import java.awt.Color;
 import java.io.IOException;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.function.Predicate;
 
 /** The panel that lies on top once the card is folded: the conversation's name and a keypad. */
 final class CardCover {
@@ -13,29 +14,42 @@ final class CardCover {
     private static final float TEXT_WIDTH = CardLayout.BODY_WIDTH - KEYPAD_WIDTH - 16f;
 
     /** The name is set in the largest of these that leaves room for the rest. */
-    private static final float[] NAME_SIZES = {19f, 16f, 13f, 10f, 8f, 6f};
+    private static final float[] NAME_SIZES = {19f, 16f, 13f, 10f, 8f, CardLayout.READABLE};
     private static final float NAME_LEADING = 1.15f;
 
     private static final float MARGIN = CardLayout.PADDING * 1.5f;
     private static final float LABEL_HEIGHT = 8f;
     private static final float SERVER_SIZE = 7.5f;
     private static final float SERVER_LEADING = 9f;
-    private static final float HINT_SIZE = 6f;
-    private static final float HINT_LEADING = 7.2f;
+    private static final float HINT_SIZE = CardLayout.READABLE;
+    private static final float HINT_LEADING = 8.4f;
     private static final float GAP = 5f;
 
-    private static final String[] HINTS = {
-        "Two or more digits: press them quickly, one after the other.",
-        "A task with an asterisk (*) behind it is there only where a feature, the class of service"
-                + " or the phone system allows it.",
-    };
+    private static final String LONG_KEYS_HINT = "Two or more digits: press them quickly, one after the other.";
+    private static final String CONDITIONAL_HINT =
+            "* Not every subscriber has this task: a feature, class of service or phone system decides.";
+    private static final String NO_KEYS_HINT = "No menu of this conversation has a key.";
 
-    private final KeyMap map;
     private final String name;
+    private final String server;
+    private final List<String> hints = new ArrayList<>();
 
-    CardCover(KeyMap map) {
-        this.map = map;
-        this.name = CardFonts.printable(map.conversation());
+    CardCover(KeyMap map, List<KeyMap.Section> sections) throws IOException {
+        name = CardFonts.printable(map.conversation);
+        server = map.isStock() ? "" : CardFonts.printable(map.product + " " + map.version);
+        addHint(sections.isEmpty(), NO_KEYS_HINT);
+        addHint(any(sections, mapping -> mapping.keys.length() > 1), LONG_KEYS_HINT);
+        addHint(any(sections, KeyMap.Mapping::isConditional), CONDITIONAL_HINT);
+    }
+
+    private static boolean any(List<KeyMap.Section> sections, Predicate<KeyMap.Mapping> holds) {
+        return sections.stream().flatMap(section -> section.mappings.stream()).anyMatch(holds);
+    }
+
+    private void addHint(boolean applies, String hint) throws IOException {
+        if (applies) {
+            hints.addAll(CardFonts.wrap(CardFonts.REGULAR, HINT_SIZE, hint, TEXT_WIDTH));
+        }
     }
 
     String name() {
@@ -48,11 +62,9 @@ final class CardCover {
         float y = panelTop - MARGIN - LABEL_HEIGHT;
         pen.text(CardFonts.BOLD, 7f, CardPen.INK_BLUE, left, y, "VOICE MAILBOX KEYS");
 
-        List<String> hints = hintLines();
-        String product = CardFonts.printable(map.product() + " " + map.version());
-        List<String> server = CardFonts.wrap(CardFonts.REGULAR, SERVER_SIZE, product, TEXT_WIDTH);
+        List<String> serverLines = CardFonts.wrap(CardFonts.REGULAR, SERVER_SIZE, server, TEXT_WIDTH);
         float hintsTop = bottom + hints.size() * HINT_LEADING;
-        float room = y - hintsTop - 3 * GAP - server.size() * SERVER_LEADING;
+        float room = y - hintsTop - 3 * GAP - serverLines.size() * SERVER_LEADING;
         float size = nameSize(room);
 
         y -= GAP;
@@ -61,7 +73,7 @@ final class CardCover {
             pen.text(CardFonts.BOLD, size, Color.BLACK, left, y, line);
         }
         y -= GAP;
-        for (String line : server) {
+        for (String line : serverLines) {
             y -= SERVER_LEADING;
             pen.text(CardFonts.REGULAR, SERVER_SIZE, CardPen.GREY, left, y, line);
         }
@@ -82,14 +94,6 @@ final class CardCover {
             }
         }
         return NAME_SIZES[NAME_SIZES.length - 1];
-    }
-
-    private static List<String> hintLines() throws IOException {
-        List<String> lines = new ArrayList<>();
-        for (String hint : HINTS) {
-            lines.addAll(CardFonts.wrap(CardFonts.REGULAR, HINT_SIZE, hint, TEXT_WIDTH));
-        }
-        return lines;
     }
 
     private void paintKeypad(CardPen pen, float left, float top) throws IOException {

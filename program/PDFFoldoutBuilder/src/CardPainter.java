@@ -20,27 +20,23 @@ final class CardPainter {
     private static final String HOW_TO_FOLD =
             "Print at actual size (100%), cut along the solid line, fold along the dashed lines:"
                     + " first the columns like a fan, then the rows, with the cover on top.";
-    private static final String FOOT_LINE =
-            "* Not every subscriber has this task: a feature, class of service or phone system decides.";
-    private static final float FOOT_SIZE = 5f;
 
-    private final KeyMap map;
     private final CardLayout layout;
     private final CardCover cover;
 
-    private CardPainter(KeyMap map, CardLayout layout) {
-        this.map = map;
+    private CardPainter(CardLayout layout, CardCover cover) {
         this.layout = layout;
-        this.cover = new CardCover(map);
+        this.cover = cover;
     }
 
     static void paint(KeyMap map, OutputStream out) throws IOException, CardFailure {
-        new CardPainter(map, CardLayout.of(map, 1)).paintSheets(out);
+        List<KeyMap.Section> sections = map.sectionsOnPaper();
+        new CardPainter(CardLayout.of(sections), new CardCover(map, sections)).paintSheets(out);
     }
 
     private void paintSheets(OutputStream out) throws IOException {
-        int panelCount = 1 + layout.panels().size();
-        int sheetCount = (panelCount + CardLayout.PANELS_PER_SHEET - 1) / CardLayout.PANELS_PER_SHEET;
+        int panelCount = layout.panels.size();
+        int sheetCount = layout.sheets();
         try (PDDocument document = new PDDocument()) {
             document.getDocumentInformation().setTitle(cover.name() + " - key card");
             document.getDocumentCatalog().setLanguage("en");
@@ -50,7 +46,8 @@ final class CardPainter {
                 PDPage page = new PDPage(PAGE);
                 document.addPage(page);
                 try (PDPageContentStream stream = new PDPageContentStream(document, page)) {
-                    paintSheet(new CardPen(stream), first, used, "Sheet " + (sheet + 1) + " of " + sheetCount);
+                    String sheetName = sheetCount == 1 ? "" : "Sheet " + (sheet + 1) + " of " + sheetCount;
+                    paintSheet(new CardPen(stream), first, used, sheetName);
                 }
             }
             document.save(out);
@@ -61,13 +58,20 @@ final class CardPainter {
         int rows = (used + CardLayout.PANELS_ACROSS - 1) / CardLayout.PANELS_ACROSS;
         float blockHeight = rows * CardLayout.PANEL_HEIGHT;
         float top = (PAGE.getHeight() + blockHeight) / 2;
+        boolean leftToRight = true;
         for (int place = 0; place < rows * CardLayout.PANELS_ACROSS; place++) {
-            float x = LEFT + place % CardLayout.PANELS_ACROSS * CardLayout.PANEL_WIDTH;
+            int across = place % CardLayout.PANELS_ACROSS;
+            // What goes on from the row above begins right below it, so that a fold joins the two.
+            if (across == 0 && place > 0) {
+                leftToRight = place >= used || !layout.panels.get(first + place).isContinuation || !leftToRight;
+            }
+            int column = leftToRight ? across : CardLayout.PANELS_ACROSS - 1 - across;
+            float x = LEFT + column * CardLayout.PANEL_WIDTH;
             float y = top - place / CardLayout.PANELS_ACROSS * CardLayout.PANEL_HEIGHT;
             if (first + place == 0) {
                 cover.paint(pen, x, y);
             } else if (place < used) {
-                paintPanel(pen, layout.panels().get(first + place - 1), x, y);
+                paintPanel(pen, layout.panels.get(first + place), x, y);
             } else {
                 paintNotes(pen, x, y);
             }
@@ -77,60 +81,52 @@ final class CardPainter {
     }
 
     private void paintPanel(CardPen pen, CardLayout.Panel panel, float x, float y) throws IOException {
-        float left = x + CardLayout.PADDING;
-        for (CardLayout.Piece piece : panel.pieces()) {
-            paintPiece(pen, piece, left, y - CardLayout.PADDING - piece.top());
-        }
-        if (panel.pieces().stream().anyMatch(CardLayout.Piece::isConditional)) {
-            float bottom = y - CardLayout.PANEL_HEIGHT + CardLayout.PADDING;
-            pen.text(CardFonts.REGULAR, FOOT_SIZE, CardPen.GREY, left, bottom, FOOT_LINE);
+        for (CardLayout.Piece piece : panel.pieces) {
+            paintPiece(pen, piece, x + CardLayout.PADDING, y - CardLayout.PADDING - piece.top);
         }
     }
 
     private void paintPiece(CardPen pen, CardLayout.Piece piece, float left, float top) throws IOException {
-        float size = layout.size();
+        float size = layout.size;
         float heading = layout.headingHeight();
         pen.box(left, top - heading, CardLayout.BODY_WIDTH, heading, 1.5f, CardPen.INK_BLUE, null);
         float indent = size * 0.6f;
         float titleSize = CardFonts.fittingSize(
-                CardFonts.BOLD, size, piece.title(), CardLayout.BODY_WIDTH - 2 * indent);
-        pen.text(CardFonts.BOLD, titleSize, Color.WHITE, left + indent, top - heading / 2 - size * 0.35f, piece.title());
+                CardFonts.BOLD, size, piece.title, CardLayout.BODY_WIDTH - 2 * indent);
+        pen.text(CardFonts.BOLD, titleSize, Color.WHITE, left + indent, top - heading / 2 - size * 0.35f, piece.title);
         float x = left;
-        for (List<CardLayout.Row> column : piece.columns()) {
+        for (List<CardColumns.Row> column : piece.columns) {
             float y = top - layout.rowsTop();
-            for (CardLayout.Row row : column) {
-                paintRow(pen, row, piece.keyWidth(), x, y);
-                y -= row.height();
+            for (CardColumns.Row row : column) {
+                paintRow(pen, row, piece.keyWidth, x, y);
+                y -= row.height;
             }
             x += CardLayout.COLUMN_WIDTH + CardLayout.COLUMN_GAP;
         }
     }
 
-    private void paintRow(CardPen pen, CardLayout.Row row, float keyWidth, float x, float top) throws IOException {
-        float size = layout.size();
+    private void paintRow(CardPen pen, CardColumns.Row row, float keyWidth, float x, float top) throws IOException {
+        float size = layout.size;
         float line = layout.lineHeight();
-        boolean hasKey = !row.keyLines().isEmpty();
-        if (hasKey) {
-            float capHeight = row.keyLines().size() * line;
-            pen.box(x, top - capHeight, keyWidth, capHeight, 1.8f, CardPen.CAP, CardPen.CAP_EDGE);
-        }
+        float capHeight = row.keyLines.size() * line;
+        pen.box(x, top - capHeight, keyWidth, capHeight, 1.8f, CardPen.CAP, CardPen.CAP_EDGE);
         float y = top - line / 2 - size * 0.35f;
-        for (String key : row.keyLines()) {
+        for (String key : row.keyLines) {
             float indent = (keyWidth - CardFonts.width(CardFonts.BOLD, size, key)) / 2;
             pen.text(CardFonts.BOLD, size, Color.BLACK, x + indent, y, key);
             y -= line;
         }
         y = top - line / 2 - size * 0.35f;
-        for (String task : row.taskLines()) {
-            float indent = hasKey ? keyWidth + CardLayout.KEY_GAP : 0;
-            pen.text(CardFonts.REGULAR, size, hasKey ? Color.BLACK : CardPen.GREY, x + indent, y, task);
+        for (String task : row.taskLines) {
+            pen.text(CardFonts.REGULAR, size, Color.BLACK, x + keyWidth + CardLayout.KEY_GAP, y, task);
             y -= line;
         }
     }
 
     private void paintNotes(CardPen pen, float x, float y) throws IOException {
         float left = x + CardLayout.PADDING;
-        pen.text(CardFonts.REGULAR, 6f, CardPen.GREY, left, y - CardLayout.PADDING - 6f, "Notes");
+        pen.text(CardFonts.REGULAR, CardLayout.READABLE, CardPen.GREY, left,
+                y - CardLayout.PADDING - CardLayout.READABLE, "Notes");
         for (float line = 24f; line < CardLayout.PANEL_HEIGHT - CardLayout.PADDING; line += 16f) {
             pen.line(left, y - line, left + CardLayout.BODY_WIDTH, y - line, 0.3f, CardPen.CAP_EDGE, false);
         }

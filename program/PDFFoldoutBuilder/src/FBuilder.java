@@ -1,68 +1,27 @@
-import java.io.BufferedOutputStream;
-import java.io.IOException;
-import java.io.OutputStream;
-import java.nio.file.AtomicMoveNotSupportedException;
-import java.nio.file.Files;
-import java.nio.file.Path;
-import java.nio.file.StandardCopyOption;
-import java.nio.file.StandardOpenOption;
-
 /**
  * Makes the foldout card of a conversation: reads the key map of the folder above the current one
  * and leaves a PDF document in the folder PDF of the current one. It takes no arguments.
+ *
+ * <p>This class alone is built for a Java that is older than the others need, so that an older one
+ * can at least say what is missing.
  */
 public final class FBuilder {
-    private static final Path KEY_MAP = Path.of("..", "XMLKeyMap.XML");
-    private static final Path FOLDER = Path.of("PDF");
+    private static final int OLDEST_JAVA = 11;
 
     private FBuilder() {}
 
     public static void main(String[] arguments) {
-        // Nothing is ever shown, and a server need not have a screen.
-        System.setProperty("java.awt.headless", "true");
-        try {
-            System.out.println(build());
-        } catch (CardFailure failure) {
-            fail(failure.getMessage());
-        } catch (IOException failure) {
-            fail("The card cannot be written: " + failure);
+        String version = System.getProperty("java.specification.version");
+        if (feature(version) < OLDEST_JAVA) {
+            System.err.println("FBuilder: The card takes Java " + OLDEST_JAVA + " or newer; this is Java " + version + ".");
+            System.exit(1);
         }
+        CardTool.run();
     }
 
-    private static void fail(String message) {
-        System.err.println("FBuilder: " + message);
-        System.exit(1);
-    }
-
-    private static Path build() throws IOException, CardFailure {
-        KeyMap map = KeyMapReader.read(KEY_MAP);
-        Files.createDirectories(FOLDER);
-        Path card = FOLDER.resolve(fileName(map.conversation()));
-        Path unfinished = FOLDER.resolve("." + ProcessHandle.current().pid() + ".tmp");
-        try {
-            try (OutputStream out = new BufferedOutputStream(
-                    Files.newOutputStream(unfinished, StandardOpenOption.CREATE, StandardOpenOption.TRUNCATE_EXISTING))) {
-                CardPainter.paint(map, out);
-            }
-            replace(unfinished, card);
-        } finally {
-            Files.deleteIfExists(unfinished);
-        }
-        return card;
-    }
-
-    private static void replace(Path from, Path to) throws IOException {
-        try {
-            Files.move(from, to, StandardCopyOption.ATOMIC_MOVE);
-        } catch (AtomicMoveNotSupportedException unsupported) {
-            Files.move(from, to, StandardCopyOption.REPLACE_EXISTING);
-        }
-    }
-
-    /** The conversation's name with nothing in it that a file system could take amiss. */
-    static String fileName(String conversation) {
-        String safe = conversation.replaceAll("[^A-Za-z0-9 ()_-]", "_");
-        safe = safe.substring(0, Math.min(safe.length(), 80)).trim();
-        return (safe + " key card.pdf").trim();
+    /** The number by which a Java is known: 8 of "1.8", 17 of "17". */
+    private static int feature(String version) {
+        String number = version.startsWith("1.") ? version.substring(2) : version;
+        return Integer.parseInt(number.replaceAll("[^0-9].*", ""));
     }
 }
