@@ -23,12 +23,16 @@ TEMPLATES = [("Blank_Map_TemplatePre42.htm", (4, 2, 0, 37)), ("Blank_Map_Templat
              ("Blank_Map_Template_50.htm", NEWEST)]
 
 
-def actions(version, older=False):
+# The oldest template serves servers of both wordings.
+OLDER = " (before version 4.2(0.37): saved messages only)"
+
+
+def actions(version, both=False):
     """All tokens that a save on a server of the version can hand over, with their labels."""
     for menu in (KNOWN.main, KNOWN.playback, KNOWN.after, KNOWN.globals):
         for row in menu:
             if row.since <= version:
-                text = KNOWN.strings[row.olderLabel if older else row.label].strip()
+                text = KNOWN.strings[row.label].strip() + (OLDER if both and row.olderLabel != row.label else "")
                 yield from ((prefix + row.token, text) for prefix in (KNOWN.prefixes if menu is KNOWN.playback else [""]))
 
 
