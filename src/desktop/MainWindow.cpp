@@ -88,6 +88,11 @@ void MainWindow::buildBottom() {
   }
 }
 
+void MainWindow::AddNotice(QWidget& notice) {
+  auto* column = static_cast<QVBoxLayout*>(centralWidget()->layout());
+  column->insertWidget(column->indexOf(bottom), &notice);
+}
+
 void MainWindow::placeDocuments() {
   const bool onSetup = form.chkGenerateHelp.HomeTab == setupTab;
   if (onSetup == documentsOnSetup) return;

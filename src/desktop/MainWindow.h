@@ -29,6 +29,9 @@ class MainWindow : public QMainWindow {
   /// Comes up on the screen, once the start-up sequence is through.
   void open();
 
+  /// Gives a notice its place, between the tabs and the buttons. It belongs to the window then.
+  void AddNotice(QWidget& notice);
+
   /// Shows what the controls hold now.
   void refresh();
 

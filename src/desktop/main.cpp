@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 
+#include "desktop/CardNotice.h"
 #include "desktop/DisplayCheck.h"
 #include "desktop/HostServices.h"
 #include "desktop/MainWindow.h"
@@ -39,6 +40,7 @@ void runProgram() {
   ConnectEvents(*program.main);
   MainWindow window(program);
   messages.window = &window;
+  window.AddNotice(*new CardNotice(program, messages));
   Dispatch& dispatch = window.dispatch();
   dispatch.run([&] { Form_Load(*program.main); });
   if (!dispatch.ended()) {

@@ -134,4 +134,6 @@ std::string_view TaskLabel(const Program& program, std::string_view token) {
   return older ? task->olderLabel : task->label;
 }
 
+bool HasTaskLabel(std::string_view token) { return findTask(token) != nullptr; }
+
 }  // namespace dialwright

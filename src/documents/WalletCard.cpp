@@ -36,10 +36,12 @@ void GeneratePDFWalletCard(frmMain& form, std::string_view source) {
     step([&] { files.CopyFile(source, program.folder + "\\XMLKeyMap.XML", true); });
   }
   step([&] { program.ChDir(tool); });
-  step([&] {
+  const bool isRunning = step([&] {
     program.Shell("java -classpath \"" + tool + ";" + tool + "\\itext-1.3.jar\" FBuilder",
                   WindowState::hidden);
   });
+  if (program.cardStarted)
+    program.cardStarted({.isOfForm = source.empty(), .isRunning = isRunning});
 }
 
 }  // namespace dialwright

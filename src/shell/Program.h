@@ -38,6 +38,12 @@ struct Services {
   HelpViewer& help;
 };
 
+/// The card tool's start. A stock conversation's card is not of the form's key map.
+struct CardStart {
+  bool isOfForm = false;
+  bool isRunning = false;
+};
+
 /// The composition root: the services, the program folder, and the modules that have state. It is
 /// built once in `main`, or once a transcript.
 class Program final : public Messages {
@@ -64,6 +70,8 @@ class Program final : public Messages {
   bool aboutIsUp() const;
   /// For whoever shows the box: called once it is created, before it loads.
   std::function<void(frmAbout&)> aboutCreated;
+  /// For whoever tells about cards: called once the card tool has been started, or could not be.
+  std::function<void(const CardStart&)> cardStarted;
 
   Services services;
   std::string folder;
