@@ -57,6 +57,11 @@ def table_of(paths, row):
     return {int(number): words(text) for number, text in rows}
 
 
+def with_pieces(texts):
+    """The texts, and of those with places for something else also what stands between the places."""
+    return texts | {words(piece) for text in texts if "%1" in text for piece in re.split("%[1-9]", text)}
+
+
 def literals_of(root):
     """The texts in the sources: some messages and captions stand there."""
     literals = set(COMPOSED)
@@ -135,9 +140,9 @@ def main():
     require(len(rows) >= 70, "CatalogueTables.cpp", f"only {len(rows)} actions could be read")
     counts = {}
     for language, table in tables.items():
-        texts = set(table.values()) | (literals if language == "en" else stays_english)
+        texts = with_pieces(set(table.values())) | (literals if language == "en" else stays_english)
         known = {"caption": {text.replace("&", "") for text in texts}, "message": texts, "description": texts,
-                 "English text": set(english.values()) | literals}
+                 "English text": with_pieces(set(english.values())) | literals}
         labels = {table[int(number)] for row in rows for number in row if number != "0"}
         counts[language] = check_language(language, root / "program/help" / language, known, labels, program_folder, chmls)
     print(*faults, f"{len(english)} texts, pages {counts}, {len(faults)} faults", sep="\n")
