@@ -42,7 +42,7 @@ std::string CardOmissions(const frmMain& form) {
 std::string_view JavaVersion(std::string_view printed) {
   constexpr std::string_view before = "version \"";
   const std::size_t begin = printed.find(before);
-  if (begin == printed.npos) return {};
+  if (begin == std::string_view::npos) return {};
   printed.remove_prefix(begin + before.size());
   return printed.substr(0, printed.find('"'));
 }

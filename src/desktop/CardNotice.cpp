@@ -1,5 +1,6 @@
 #include "desktop/CardNotice.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QHBoxLayout>
@@ -79,6 +80,10 @@ void CardNotice::LookAtJava() {
 }
 
 void CardNotice::Speak() {
+  if (QApplication::activeModalWidget() != nullptr) {
+    QTimer::singleShot(200, this, [this] { Speak(); });  // one box at a time
+    return;
+  }
   if (!complaint->empty()) {
     hide();
     messages.MsgBox(*complaint, MsgBoxButtons::OK, {});

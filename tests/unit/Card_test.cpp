@@ -1,4 +1,4 @@
-// What stands beside the card: which Java makes it, and what it leaves out.
+// Which Java makes the card.
 
 #include "beside/Card.h"
 
@@ -6,7 +6,6 @@
 
 #include <tuple>
 
-#include "shell/frmMain.h"
 #include "transcript/World.h"
 
 namespace dialwright {
@@ -34,26 +33,6 @@ TEST(Card, WhatJavaSaysOfItself) {
     else
       EXPECT_NE(said.find(std::string(complaint) + version), said.npos) << said;
   }
-}
-
-TEST(Card, LeavesOutWhatTheDocumentsHaveNoWordsFor) {
-  Printer printer;
-  World world(printer);
-  frmMain& form = *world.program.main;
-  const auto add = [&](int grid, const char* token, const char* keys) {
-    KeyGrid& rows = At(form.gridKeyMap, grid);
-    rows.AddItem("label of " + std::string(token));
-    rows.SetText(rows.Rows() - 1, Column::ActionToken, token);
-    rows.SetText(rows.Rows() - 1, Column::KeyAssignment, keys);
-  };
-  form.SSTab1.SetTabCaption(5, "Globals");
-  add(1, "HEADER_REWIND", "7");
-  add(5, "GLOBAL_SPEED_DECREASE", " ");
-  EXPECT_EQ(CardOmissions(form), "");
-  add(5, "global_speed_increase", " *6");
-  EXPECT_EQ(CardOmissions(form),
-            "The card leaves out these actions, since the key map documents have no words for "
-            "them:\r\n\r\nGlobals: label of global_speed_increase (*6)");
 }
 
 }  // namespace dialwright
