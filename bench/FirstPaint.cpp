@@ -13,13 +13,13 @@
 
 namespace {
 
-long long now() {
+long long Now() {
   timespec time{};
   clock_gettime(CLOCK_MONOTONIC, &time);
   return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
 }
 
-long peakKilobytes() {
+long PeakKilobytes() {
   std::ifstream status("/proc/self/status");
   for (std::string line; std::getline(status, line);)
     if (line.starts_with("VmHWM:")) return std::atol(line.c_str() + 6);
@@ -40,7 +40,7 @@ class FirstPaint : public QObject {
   void timerEvent(QTimerEvent*) override {
     const char* start = std::getenv("START");
     const long long began = start != nullptr ? std::atoll(start) : 0;
-    std::printf("%lld %ld %d %d\n", (now() - began) / 1000, peakKilobytes(), window->width(),
+    std::printf("%lld %ld %d %d\n", (Now() - began) / 1000, PeakKilobytes(), window->width(),
                 window->height());
     std::fflush(stdout);
     std::_Exit(0);
@@ -50,11 +50,11 @@ class FirstPaint : public QObject {
   const QWidget* window = nullptr;
 };
 
-void watch() {
+void Watch() {
   static FirstPaint firstPaint;
   QCoreApplication::instance()->installEventFilter(&firstPaint);
 }
 
 }  // namespace
 
-Q_COREAPP_STARTUP_FUNCTION(watch)
+Q_COREAPP_STARTUP_FUNCTION(Watch)

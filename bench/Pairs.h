@@ -9,12 +9,12 @@
 namespace dialwright {
 
 /// A file's bytes by the standard library's stream.
-std::string readPlainly(const std::filesystem::path& path);
+std::string ReadPlainly(const std::filesystem::path& path);
 
 /// Does the plain work and ours in turn in each iteration, so that both see the same machine, each
 /// time after what prepares them and is not measured. The counters tell the medians of both in
 /// microseconds of the processor, and the median and the quartiles of the pairs' ratios.
-void pair(benchmark::State& state, const std::function<void()>& prepare,
+void Pair(benchmark::State& state, const std::function<void()>& prepare,
           const std::function<void()>& plain, const std::function<void()>& ours);
 
 }  // namespace dialwright

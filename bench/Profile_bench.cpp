@@ -24,16 +24,16 @@ namespace fs = std::filesystem;
 constexpr int keys = 150;
 constexpr std::string_view path = "C:\\a.cde";
 
-std::string keyName(int number) { return "HEADER_ACTION_NUMBER_" + std::to_string(number); }
+std::string KeyName(int number) { return "HEADER_ACTION_NUMBER_" + std::to_string(number); }
 
-std::string section() {
+std::string Section() {
   std::string text = "[MACROS]\r\n";
-  for (int i = 0; i < keys; ++i) text += keyName(i) + "= \"" + std::to_string(i % 100) + "\"\r\n";
+  for (int i = 0; i < keys; ++i) text += KeyName(i) + "= \"" + std::to_string(i % 100) + "\"\r\n";
   return text;
 }
 
-std::string scriptText(std::size_t size, bool dense) {
-  const std::string wanted = section() + "#CRC  12\r\n";
+std::string ScriptText(std::size_t size, bool dense) {
+  const std::string wanted = Section() + "#CRC  12\r\n";
   std::string text = dense ? "[MACROS]\r\n" : "[CONVERSATION]\r\n";
   for (int i = 0; text.size() + wanted.size() < size; ++i) {
     const std::string number = std::to_string(i);
@@ -51,29 +51,29 @@ class ScriptOnMemoryDisk {
     host /= "dialwright-bench-" + std::to_string(getpid());
     fs::create_directories(host / "drive_c");
     const auto size = static_cast<std::size_t>(state.range(0)) * 1024;
-    std::ofstream(file(), std::ios::binary) << scriptText(size, state.range(1) != 0);
+    std::ofstream(File(), std::ios::binary) << ScriptText(size, state.range(1) != 0);
   }
   ~ScriptOnMemoryDisk() { fs::remove_all(host); }
 
-  fs::path file() const { return host / "drive_c/a.cde"; }
-  fs::path copy() const { return host / "copy"; }
+  fs::path File() const { return host / "drive_c/a.cde"; }
+  fs::path Copy() const { return host / "copy"; }
 
   fs::path host;
 };
 
-void nothing() {}
+void Nothing() {}
 
 void LoadKeys(benchmark::State& state) {
   const ScriptOnMemoryDisk script(state);
   FileStorePosix store(script.host.string());
-  pair(
-      state, nothing, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
+  Pair(
+      state, Nothing, [&] { benchmark::DoNotOptimize(ReadPlainly(script.File())); },
       [&] {
         PrivateProfile profile(store);
         const ProfileBatch batch(profile, path);
         for (int i = 0; i < keys; ++i) {
           const std::string value =
-              profile.GetPrivateProfileStringA("MACROS", keyName(i), "", 127, path);
+              profile.GetPrivateProfileStringA("MACROS", KeyName(i), "", 127, path);
           if (value != std::to_string(i % 100)) state.SkipWithError("a key was not found");
         }
       });
@@ -83,15 +83,15 @@ void SaveKeys(benchmark::State& state) {
   const ScriptOnMemoryDisk script(state);
   FileStorePosix store(script.host.string());
   int round = 0;
-  pair(
-      state, nothing,
-      [&] { fs::copy_file(script.file(), script.copy(), fs::copy_options::overwrite_existing); },
+  Pair(
+      state, Nothing,
+      [&] { fs::copy_file(script.File(), script.Copy(), fs::copy_options::overwrite_existing); },
       [&] {
         PrivateProfile profile(store);
         const ProfileBatch batch(profile, path);
         const std::string value = " \"" + std::to_string(++round % 1000) + "\"";
         for (int i = 0; i < keys; ++i) {
-          if (!profile.WritePrivateProfileStringA("MACROS", keyName(i), value, path)) {
+          if (!profile.WritePrivateProfileStringA("MACROS", KeyName(i), value, path)) {
             state.SkipWithError("a key was not written");
           }
         }
@@ -100,10 +100,10 @@ void SaveKeys(benchmark::State& state) {
 
 void Checksum(benchmark::State& state) {
   const ScriptOnMemoryDisk script(state);
-  const std::string text = readPlainly(script.file());
-  pair(
-      state, nothing, [&] { benchmark::DoNotOptimize(readPlainly(script.file())); },
-      [&] { benchmark::DoNotOptimize(scriptChecksum(text)); });
+  const std::string text = ReadPlainly(script.File());
+  Pair(
+      state, Nothing, [&] { benchmark::DoNotOptimize(ReadPlainly(script.File())); },
+      [&] { benchmark::DoNotOptimize(ScriptChecksum(text)); });
 }
 
 void Sizes(benchmark::internal::Benchmark* bench) {

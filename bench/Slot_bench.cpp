@@ -20,7 +20,7 @@ constexpr const char* image = "/sandbox/merid-7.0-2.0/drive_c/Telhost/Localize/S
 constexpr const char* folder = "C:\\Telhost\\Localize\\Scripts\\";
 
 /// A script of the image with conversation text in front, up to the size.
-std::string grown(const std::string& script, std::size_t size) {
+std::string Grown(const std::string& script, std::size_t size) {
   std::string text = "[CONVERSATION]\r\n";
   for (int line = 0; text.size() + script.size() < size; ++line)
     text += "STEP" + std::to_string(line) + " PLAY PROMPT_" + std::to_string(line * 7 % 1000) +
@@ -31,20 +31,20 @@ std::string grown(const std::string& script, std::size_t size) {
 /// The editor on a slot whose three files are about that large.
 struct Slot {
   explicit Slot(std::size_t size) : world(printer) {
-    world.registry.set("Software\\Quillon", "Version Number",
-                       RegistryValue::doubleWord(0x00070000));
-    world.registry.set("Software\\Quillon", "Build Number", RegistryValue::doubleWord(0x00020000));
-    world.registry.set("SOFTWARE\\Quillon\\Telhost\\1.0", "Root Path",
-                       RegistryValue::text("C:\\Telhost\\"));
+    world.registry.Set("Software\\Quillon", "Version Number",
+                       RegistryValue::DoubleWord(0x00070000));
+    world.registry.Set("Software\\Quillon", "Build Number", RegistryValue::DoubleWord(0x00020000));
+    world.registry.Set("SOFTWARE\\Quillon\\Telhost\\1.0", "Root Path",
+                       RegistryValue::Text("C:\\Telhost\\"));
     for (const char* name : scripts) {
-      const std::string script = readPlainly(std::string(DIALWRIGHT_SOURCE_DIR) + image + name);
-      world.makeFile(std::string(folder) + name, grown(script, size));
-      paths.push_back(world.hostPath(std::string(folder) + name));
+      const std::string script = ReadPlainly(std::string(DIALWRIGHT_SOURCE_DIR) + image + name);
+      world.MakeFile(std::string(folder) + name, Grown(script, size));
+      paths.push_back(world.HostPath(std::string(folder) + name));
     }
     Form_Load(*world.program.main);
   }
 
-  frmMain& form() const { return *world.program.main; }
+  frmMain& Form() const { return *world.program.main; }
 
   Printer printer;
   World world;
@@ -53,47 +53,47 @@ struct Slot {
 
 /// A file that somebody has touched is read anew: a load that finds it cached would measure
 /// nothing.
-void touch(const Slot& slot) {
+void Touch(const Slot& slot) {
   for (const auto& path : slot.paths)
     std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now());
 }
 
 void LoadSlot(benchmark::State& state) {
   Slot slot(static_cast<std::size_t>(state.range(0)));
-  pair(
-      state, [&] { touch(slot); },
+  Pair(
+      state, [&] { Touch(slot); },
       [&] {
-        for (const auto& path : slot.paths) benchmark::DoNotOptimize(readPlainly(path));
+        for (const auto& path : slot.paths) benchmark::DoNotOptimize(ReadPlainly(path));
       },
-      [&] { LoadKeyMapInfo(slot.form()); });
+      [&] { LoadKeyMapInfo(slot.Form()); });
 }
 
 void SaveSlot(benchmark::State& state) {
   Slot slot(static_cast<std::size_t>(state.range(0)));
-  const std::filesystem::path copies = slot.world.hostPath("C:\\Copies");
+  const std::filesystem::path copies = slot.world.HostPath("C:\\Copies");
   std::filesystem::create_directories(copies);
-  pair(
-      state, [&] { slot.form().cmdSave.Enabled = true; },
+  Pair(
+      state, [&] { slot.Form().cmdSave.Enabled = true; },
       [&] {
         for (const auto& path : slot.paths)
           std::filesystem::copy_file(path, copies / path.filename(),
                                      std::filesystem::copy_options::overwrite_existing);
       },
       [&] {
-        slot.form().cmdSave.Click();
+        slot.Form().cmdSave.Click();
         slot.printer.lines.clear();
       });
 }
 
 constexpr std::int64_t kilobyte = 1024;
 
-void sizes(benchmark::internal::Benchmark* bench) {
+void Sizes(benchmark::internal::Benchmark* bench) {
   for (const std::int64_t size : {16L, 128L, 1024L, 10240L}) bench->Arg(size * kilobyte);
   bench->UseManualTime()->MinTime(1)->Unit(benchmark::kMicrosecond);
 }
 
-BENCHMARK(LoadSlot)->Apply(sizes);
-BENCHMARK(SaveSlot)->Apply(sizes);
+BENCHMARK(LoadSlot)->Apply(Sizes);
+BENCHMARK(SaveSlot)->Apply(Sizes);
 
 }  // namespace
 

@@ -18,14 +18,14 @@ struct SortKey {
   double number;
 };
 
-SortKey sortKey(const std::string& text) {
+SortKey SortKeyOf(const std::string& text) {
   if (const std::optional<double> number = NumericValue(text)) return {0, *number};
   return {text.empty() ? 1 : 2, 0};
 }
 
 }  // namespace
 
-const KeyGrid::Cells& KeyGrid::cells(int row) const {
+const KeyGrid::Cells& KeyGrid::RowCells(int row) const {
   if (row < 0 || row >= Rows()) throw RuntimeFailure(Failure::subscriptOutOfRange);
   return rows[static_cast<std::size_t>(row)];
 }
@@ -43,11 +43,11 @@ void KeyGrid::AddItem(std::string_view first) {
 }
 
 const std::string& KeyGrid::Text(int row, Column column) const {
-  return cells(row)[static_cast<std::size_t>(column)];
+  return RowCells(row)[static_cast<std::size_t>(column)];
 }
 
 void KeyGrid::SetText(int row, Column column, std::string_view text) {
-  cells(row);
+  RowCells(row);
   rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
   Notify();
 }
@@ -74,8 +74,8 @@ void KeyGrid::MoveRow(int row, int place) {
 void KeyGrid::SortGeneric(Column column) {
   const auto index = static_cast<std::size_t>(column);
   std::stable_sort(rows.begin() + 1, rows.end(), [index](const Cells& a, const Cells& b) {
-    const SortKey left = sortKey(a[index]);
-    const SortKey right = sortKey(b[index]);
+    const SortKey left = SortKeyOf(a[index]);
+    const SortKey right = SortKeyOf(b[index]);
     return left.group != right.group ? left.group < right.group : left.number < right.number;
   });
   Notify();

@@ -58,7 +58,7 @@ class KeyGrid : public Control {
   std::function<void(int oldRow, int oldCol, int newRow, int newCol)> AfterRowColChange;
 
  private:
-  const Cells& cells(int row) const;
+  const Cells& RowCells(int row) const;
   void Notify();
 
   std::vector<Cells> rows{Cells{}};

@@ -14,12 +14,12 @@ void TabStrip::SetTab(int tab) {
 }
 
 void TabStrip::SetTabVisible(int tab, bool visible) {
-  at(tab).visible = visible;
+  At(tab).visible = visible;
   if (changed) changed();
 }
 
 void TabStrip::SetTabCaption(int tab, std::string_view caption) {
-  at(tab).caption = caption;
+  At(tab).caption = caption;
   if (changed) changed();
 }
 

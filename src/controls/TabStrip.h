@@ -18,9 +18,9 @@ struct TabStrip : Control {
   /// The choice of a tab that is not there changes nothing.
   void SetTab(int tab);
 
-  bool TabVisible(int tab) const { return at(tab).visible; }
+  bool TabVisible(int tab) const { return At(tab).visible; }
   void SetTabVisible(int tab, bool visible);
-  const std::string& TabCaption(int tab) const { return at(tab).caption; }
+  const std::string& TabCaption(int tab) const { return At(tab).caption; }
   void SetTabCaption(int tab, std::string_view caption);
 
   std::function<void(int previousTab)> Click;
@@ -30,8 +30,8 @@ struct TabStrip : Control {
     std::string caption;
     bool visible = true;
   };
-  const Entry& at(int tab) const { return tabs.at(static_cast<std::size_t>(tab)); }
-  Entry& at(int tab) { return tabs.at(static_cast<std::size_t>(tab)); }
+  const Entry& At(int tab) const { return tabs.at(static_cast<std::size_t>(tab)); }
+  Entry& At(int tab) { return tabs.at(static_cast<std::size_t>(tab)); }
 
   std::array<Entry, tabCount> tabs;
   int current = 0;

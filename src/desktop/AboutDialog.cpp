@@ -18,11 +18,11 @@ AboutDialog::AboutDialog(frmAbout& aboutForm, Dispatch& dispatch, QWidget* paren
     : QDialog(parent),
       form(aboutForm),
       entry(dispatch),
-      views([this](Control&, const ControlViews::Action& action) { entry.runInModalBox(action); }) {
-  setObjectName(toQt(form.Name));
+      views([this](Control&, const ControlViews::Action& action) { entry.RunInModalBox(action); }) {
+  setObjectName(ToQt(form.Name));
   setModal(true);
-  build();
-  form.runModal = [this] { runUntilHidden(); };
+  Build();
+  form.runModal = [this] { RunUntilHidden(); };
   form.changed = [this] {
     setCursor(form.Pointer == MousePointer::hourglass ? Qt::WaitCursor : Qt::ArrowCursor);
     if (!form.Shown) hide();
@@ -34,7 +34,7 @@ AboutDialog::~AboutDialog() {
   form.changed = nullptr;
 }
 
-void AboutDialog::build() {
+void AboutDialog::Build() {
   auto* maker = new MakerPicture;
   auto* server = new ServerPicture;
   auto* versionTitle = new QLabel;
@@ -62,7 +62,7 @@ void AboutDialog::build() {
   for (Label* line : {&form.lblVarloAddress1, &form.lblVarloAddress2, &form.lblVarloAddress3}) {
     auto* label = new QLabel;
     address->addWidget(label);
-    views.join(*line, *label);
+    views.Join(*line, *label);
   }
 
   auto* buttons = new QHBoxLayout;
@@ -82,59 +82,59 @@ void AboutDialog::build() {
   column->addLayout(buttons);
   column->setSizeConstraint(QLayout::SetFixedSize);  // as large as its texts, in every language
 
-  views.joinPlain(form.picVarloLogo, *maker);
-  views.joinPlain(form.picMeridLogo, *server);
-  views.join(form.lblVersionTitle, *versionTitle);
-  views.join(form.lblVersion, *version);
-  views.join(form.lblTrademark, *trademark);
-  views.join(form.lblRights, *rights);
-  views.join(form.cmdOK, *ok);
+  views.JoinPlain(form.picVarloLogo, *maker);
+  views.JoinPlain(form.picMeridLogo, *server);
+  views.Join(form.lblVersionTitle, *versionTitle);
+  views.Join(form.lblVersion, *version);
+  views.Join(form.lblTrademark, *trademark);
+  views.Join(form.lblRights, *rights);
+  views.Join(form.cmdOK, *ok);
   ok->setFocusPolicy(Qt::StrongFocus);
 
-  views.joinPlain(form.lblChangeLanguage, *language);
+  views.JoinPlain(form.lblChangeLanguage, *language);
   language->setAutoDefault(false);
   language->setFlat(true);
   language->setCursor(Qt::PointingHandCursor);
   language->setStyleSheet("text-align: left; text-decoration: underline; color: palette(link);");
-  connect(language, &QPushButton::clicked, this, [this] { showLanguages(); });
+  connect(language, &QPushButton::clicked, this, [this] { ShowLanguages(); });
 
   languages = new QMenu(this);
-  languages->setObjectName(toQt(form.mnuSelectLanguage.Name));
+  languages->setObjectName(ToQt(form.mnuSelectLanguage.Name));
 }
 
-void AboutDialog::addNewLanguages() {
+void AboutDialog::AddNewLanguages() {
   for (const auto& item : form.mnuLanguageList) {
     if (items.contains(item.get())) continue;
     QAction* action = languages->addAction(QString());
-    action->setObjectName(toQt(item->Name));
+    action->setObjectName(ToQt(item->Name));
     connect(action, &QAction::triggered, this, [this, language = item.get()] {
-      entry.runInModalBox([language] { language->Click(); });
+      entry.RunInModalBox([language] { language->Click(); });
     });
     items[item.get()] = action;
   }
 }
 
-void AboutDialog::refresh() {
-  addNewLanguages();
-  setWindowTitle(toQt(form.Caption));
-  views.refresh();
-  if (auto* language = findChild<QPushButton*>(toQt(form.lblChangeLanguage.Name)))
-    language->setText(toQt(form.lblChangeLanguage.Caption));
-  languages->setTitle(toQt(form.mnuSelectLanguage.Caption));
+void AboutDialog::Refresh() {
+  AddNewLanguages();
+  setWindowTitle(ToQt(form.Caption));
+  views.Refresh();
+  if (auto* language = findChild<QPushButton*>(ToQt(form.lblChangeLanguage.Name)))
+    language->setText(ToQt(form.lblChangeLanguage.Caption));
+  languages->setTitle(ToQt(form.mnuSelectLanguage.Caption));
   for (const auto& [item, action] : items) {
-    action->setText(toQt(item->Caption));
-    action->setFont(languageFont(item->Font));
+    action->setText(ToQt(item->Caption));
+    action->setFont(LanguageFont(item->Font));
   }
 }
 
-void AboutDialog::showLanguages() {
-  const auto* label = findChild<QWidget*>(toQt(form.lblChangeLanguage.Name));
+void AboutDialog::ShowLanguages() {
+  const auto* label = findChild<QWidget*>(ToQt(form.lblChangeLanguage.Name));
   const bool byMouse = label->underMouse();
   languages->popup(byMouse ? QCursor::pos() : label->mapToGlobal(label->rect().bottomLeft()));
 }
 
-void AboutDialog::runUntilHidden() {
-  refresh();
+void AboutDialog::RunUntilHidden() {
+  Refresh();
   if (holdsUp)
     exec();
   else
@@ -142,7 +142,7 @@ void AboutDialog::runUntilHidden() {
 }
 
 void AboutDialog::reject() {
-  entry.runInModalBox([this] { form.cmdOK.Click(); });
+  entry.RunInModalBox([this] { form.cmdOK.Click(); });
 }
 
 }  // namespace dialwright

@@ -19,7 +19,7 @@ class AboutDialog : public QDialog {
   AboutDialog(frmAbout& aboutForm, Dispatch& dispatch, QWidget* parent);
   ~AboutDialog() override;
 
-  void refresh();
+  void Refresh();
 
   /// Whether showing the box waits for its end.
   bool holdsUp = true;
@@ -28,10 +28,10 @@ class AboutDialog : public QDialog {
   void reject() override;
 
  private:
-  void build();
-  void addNewLanguages();
-  void showLanguages();
-  void runUntilHidden();
+  void Build();
+  void AddNewLanguages();
+  void ShowLanguages();
+  void RunUntilHidden();
 
   frmAbout& form;
   Dispatch& entry;

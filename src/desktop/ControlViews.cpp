@@ -19,53 +19,53 @@ namespace dialwright {
 namespace {
 
 /// A caption without the marks of its mnemonic, as it is spoken.
-QString spoken(const QString& caption) {
+QString Spoken(const QString& caption) {
   QString text = caption;
   text.replace("&&", QChar(1));
   text.remove('&');
   return text.replace(QChar(1), "&");
 }
 
-QKeySequence mnemonic(const QString& caption) { return QKeySequence::mnemonic(caption); }
+QKeySequence MnemonicIn(const QString& caption) { return QKeySequence::mnemonic(caption); }
 
 }  // namespace
 
-void ControlViews::joinPlain(const Control& control, QWidget& widget) {
-  widget.setObjectName(toQt(control.Name));
-  showWith([&control, &widget, font = ControlFont{}]() mutable {
+void ControlViews::JoinPlain(const Control& control, QWidget& widget) {
+  widget.setObjectName(ToQt(control.Name));
+  ShowWith([&control, &widget, font = ControlFont{}]() mutable {
     widget.setEnabled(control.Enabled);
     widget.setVisible(control.Visible);
     if (font == control.Font()) return;
     font = control.Font;
-    widget.setFont(languageFont(font));
+    widget.setFont(LanguageFont(font));
   });
 }
 
-void ControlViews::join(Label& label, QLabel& widget) {
-  joinPlain(label, widget);
-  showWith([&label, &widget] { widget.setText(linesToQt(label.Caption())); });
+void ControlViews::Join(Label& label, QLabel& widget) {
+  JoinPlain(label, widget);
+  ShowWith([&label, &widget] { widget.setText(LinesToQt(label.Caption())); });
 }
 
-void ControlViews::join(Label& label, QGroupBox& widget) {
-  joinPlain(label, widget);
-  showWith([&label, &widget] {
-    if (const QString title = toQt(label.Caption); title != widget.title()) widget.setTitle(title);
+void ControlViews::Join(Label& label, QGroupBox& widget) {
+  JoinPlain(label, widget);
+  ShowWith([&label, &widget] {
+    if (const QString title = ToQt(label.Caption); title != widget.title()) widget.setTitle(title);
   });
 }
 
-void ControlViews::join(Label& label, QTextEdit& widget) {
-  joinPlain(label, widget);
-  showWith([&label, &widget] {
-    if (const QString text = linesToQt(label.Caption()); text != widget.toPlainText())
+void ControlViews::Join(Label& label, QTextEdit& widget) {
+  JoinPlain(label, widget);
+  ShowWith([&label, &widget] {
+    if (const QString text = LinesToQt(label.Caption()); text != widget.toPlainText())
       widget.setPlainText(text);
   });
 }
 
-void ControlViews::join(CommandButton& button, QPushButton& widget) {
-  joinPlain(button, widget);
-  takesFocus(button, widget);
-  addPart(button, widget);
-  showWith([&button, &widget] { widget.setText(toQt(button.Caption)); });
+void ControlViews::Join(CommandButton& button, QPushButton& widget) {
+  JoinPlain(button, widget);
+  TakesFocus(button, widget);
+  AddPart(button, widget);
+  ShowWith([&button, &widget] { widget.setText(ToQt(button.Caption)); });
   QObject::connect(&widget, &QPushButton::clicked, &widget, [this, &button] {
     act(button, [&button] {
       if (button.Click) button.Click();
@@ -73,12 +73,12 @@ void ControlViews::join(CommandButton& button, QPushButton& widget) {
   });
 }
 
-void ControlViews::join(CheckBox& box, QCheckBox& widget) {
-  joinPlain(box, widget);
-  takesFocus(box, widget);
-  addPart(box, widget);
-  showWith([&box, &widget] {
-    widget.setText(toQt(box.Caption));
+void ControlViews::Join(CheckBox& box, QCheckBox& widget) {
+  JoinPlain(box, widget);
+  TakesFocus(box, widget);
+  AddPart(box, widget);
+  ShowWith([&box, &widget] {
+    widget.setText(ToQt(box.Caption));
     widget.setChecked(box.Value() != 0);
   });
   // The click turns over the value that the control has now, which need not be what was on screen.
@@ -88,11 +88,11 @@ void ControlViews::join(CheckBox& box, QCheckBox& widget) {
   });
 }
 
-void ControlViews::join(EditBox& box, KeyEdit& widget) {
-  joinPlain(box, widget);
-  takesFocus(box, widget);
-  addPart(box, widget, {}, true);
-  showWith([&widget] { widget.refresh(); });
+void ControlViews::Join(EditBox& box, KeyEdit& widget) {
+  JoinPlain(box, widget);
+  TakesFocus(box, widget);
+  AddPart(box, widget, {}, true);
+  ShowWith([&widget] { widget.Refresh(); });
   widget.keyPress = [this, &box](int keyAscii) {
     act(box, [&box, keyAscii] {
       if (box.KeyPress) box.KeyPress(keyAscii);
@@ -100,29 +100,29 @@ void ControlViews::join(EditBox& box, KeyEdit& widget) {
   };
   widget.textTyped = [this, &box, &widget](const QString& text) {
     act(box, [&box, &text, &widget] {
-      box.TextEdited(fromQt(text));
-      widget.tellSelection();
+      box.TextEdited(FromQt(text));
+      widget.TellSelection();
     });
   };
 }
 
-void ControlViews::join(KeyGrid& grid, GridView& widget) {
-  joinPlain(grid, widget);
-  takesFocus(grid, widget);
-  addPart(grid, *widget.viewport(), [&grid, &widget](QPoint place) -> Action {
-    return [&grid, row = widget.rowAtPlace(place)] { grid.SetRow(row); };
+void ControlViews::Join(KeyGrid& grid, GridView& widget) {
+  JoinPlain(grid, widget);
+  TakesFocus(grid, widget);
+  AddPart(grid, *widget.viewport(), [&grid, &widget](QPoint place) -> Action {
+    return [&grid, row = widget.RowAtPlace(place)] { grid.SetRow(row); };
   });
-  addPart(grid, *widget.horizontalHeader()->viewport());
-  showWith([&widget] { widget.refresh(); });
+  AddPart(grid, *widget.horizontalHeader()->viewport());
+  ShowWith([&widget] { widget.Refresh(); });
   widget.rowWanted = [this, &grid](int row) { act(grid, [&grid, row] { grid.SetRow(row); }); };
 }
 
-void ControlViews::join(SpinButton& spin, SpinArrows& widget) {
-  joinPlain(spin, widget);
-  takesFocus(spin, widget);
-  for (QWidget* part : {static_cast<QWidget*>(&widget), static_cast<QWidget*>(&widget.upButton()),
-                        static_cast<QWidget*>(&widget.downButton())})
-    addPart(spin, *part);
+void ControlViews::Join(SpinButton& spin, SpinArrows& widget) {
+  JoinPlain(spin, widget);
+  TakesFocus(spin, widget);
+  for (QWidget* part : {static_cast<QWidget*>(&widget), static_cast<QWidget*>(&widget.UpButton()),
+                        static_cast<QWidget*>(&widget.DownButton())})
+    AddPart(spin, *part);
   widget.upClick = [this, &spin] {
     act(spin, [&spin] {
       if (spin.UpClick) spin.UpClick();
@@ -135,17 +135,17 @@ void ControlViews::join(SpinButton& spin, SpinArrows& widget) {
   };
 }
 
-void ControlViews::join(TabStrip& tabs, QTabWidget& widget) {
+void ControlViews::Join(TabStrip& tabs, QTabWidget& widget) {
   QTabBar& bar = *widget.tabBar();
-  joinPlain(tabs, bar);
-  takesFocus(tabs, bar);
-  addPart(tabs, bar, [&tabs, &bar](QPoint place) -> Action {
+  JoinPlain(tabs, bar);
+  TakesFocus(tabs, bar);
+  AddPart(tabs, bar, [&tabs, &bar](QPoint place) -> Action {
     return [&tabs, tab = bar.tabAt(place)] { tabs.SetTab(tab); };
   });
-  showWith([&tabs, &widget] {
+  ShowWith([&tabs, &widget] {
     for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
       widget.setTabVisible(tab, tabs.TabVisible(tab));
-      if (const QString caption = toQt(tabs.TabCaption(tab)); caption != widget.tabText(tab))
+      if (const QString caption = ToQt(tabs.TabCaption(tab)); caption != widget.tabText(tab))
         widget.setTabText(tab, caption);
     }
     widget.setCurrentIndex(tabs.Tab());
@@ -156,51 +156,51 @@ void ControlViews::join(TabStrip& tabs, QTabWidget& widget) {
   });
 }
 
-void ControlViews::name(Control& control, QLabel& label) {
-  QWidget* widget = focusWidget(&control);
+void ControlViews::Name(Control& control, QLabel& label) {
+  QWidget* widget = FocusWidget(&control);
   label.setBuddy(widget);
-  showWith([&label, widget] { widget->setAccessibleName(spoken(label.text())); });
+  ShowWith([&label, widget] { widget->setAccessibleName(Spoken(label.text())); });
 }
 
-void ControlViews::refresh() {
+void ControlViews::Refresh() {
   refreshing = true;
   for (const auto& show : shows) show();
   refreshing = false;
 }
 
-const ControlViews::Part* ControlViews::partAt(const QWidget* widget) const {
+const ControlViews::Part* ControlViews::PartAt(const QWidget* widget) const {
   const auto found = parts.find(widget);
   return found == parts.end() ? nullptr : &found->second;
 }
 
-std::optional<ControlViews::Mnemonic> ControlViews::mnemonicOf(QWidget* widget,
+std::optional<ControlViews::Mnemonic> ControlViews::MnemonicOf(QWidget* widget,
                                                                const QKeySequence& key) const {
   const auto* label = qobject_cast<QLabel*>(widget);
   const QWidget* target = label != nullptr ? label->buddy() : widget;
-  const Part* part = partAt(target);
+  const Part* part = PartAt(target);
   if (part == nullptr) return std::nullopt;
   Mnemonic result{part->control, {}};
   if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
     result.action = [button] { button->click(); };
   } else if (auto* bar = qobject_cast<QTabBar*>(widget)) {
     for (int tab = 0; tab < bar->count(); ++tab)
-      if (bar->isTabVisible(tab) && mnemonic(bar->tabText(tab)) == key)
+      if (bar->isTabVisible(tab) && MnemonicIn(bar->tabText(tab)) == key)
         result.action = [bar, tab] { bar->setCurrentIndex(tab); };
   }
   return result;
 }
 
-QWidget* ControlViews::focusWidget(const Control* control) const {
+QWidget* ControlViews::FocusWidget(const Control* control) const {
   const auto found = focusWidgets.find(control);
   return found == focusWidgets.end() ? nullptr : found->second;
 }
 
-void ControlViews::addPart(Control& control, QWidget& widget,
+void ControlViews::AddPart(Control& control, QWidget& widget,
                            std::function<Action(QPoint)> actionAt, bool anyButton) {
   parts[&widget] = {&control, std::move(actionAt), anyButton};
 }
 
-void ControlViews::takesFocus(Control& control, QWidget& widget) {
+void ControlViews::TakesFocus(Control& control, QWidget& widget) {
   // By the mouse the form's focus moves, not the toolkit's: see FocusFilter.
   widget.setFocusPolicy(Qt::TabFocus);
   focusWidgets[&control] = &widget;

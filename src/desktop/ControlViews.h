@@ -34,22 +34,22 @@ class ControlViews {
 
   explicit ControlViews(Act actOn) : act(std::move(actOn)) {}
 
-  void join(Label& label, QLabel& widget);
-  void join(Label& label, QGroupBox& widget);
-  void join(Label& label, QTextEdit& widget);
-  void join(CommandButton& button, QPushButton& widget);
-  void join(CheckBox& box, QCheckBox& widget);
-  void join(EditBox& box, KeyEdit& widget);
-  void join(KeyGrid& grid, GridView& widget);
-  void join(SpinButton& spin, SpinArrows& widget);
-  void join(TabStrip& tabs, QTabWidget& widget);
+  void Join(Label& label, QLabel& widget);
+  void Join(Label& label, QGroupBox& widget);
+  void Join(Label& label, QTextEdit& widget);
+  void Join(CommandButton& button, QPushButton& widget);
+  void Join(CheckBox& box, QCheckBox& widget);
+  void Join(EditBox& box, KeyEdit& widget);
+  void Join(KeyGrid& grid, GridView& widget);
+  void Join(SpinButton& spin, SpinArrows& widget);
+  void Join(TabStrip& tabs, QTabWidget& widget);
   /// A widget that shows nothing of its control but its name, font and state.
-  void joinPlain(const Control& control, QWidget& widget);
+  void JoinPlain(const Control& control, QWidget& widget);
   /// The label that names a control: a screen reader speaks it, and its mnemonic leads there.
-  void name(Control& control, QLabel& label);
+  void Name(Control& control, QLabel& label);
 
   /// Shows what the controls hold now.
-  void refresh();
+  void Refresh();
 
   /// A widget that takes the mouse for a control. Where it has an action of its own, that is fixed
   /// by the place that was pressed, before anything moves.
@@ -58,7 +58,7 @@ class ControlViews {
     std::function<Action(QPoint)> actionAt;
     bool anyButton = false;  ///< the other buttons of the mouse act on it too
   };
-  const Part* partAt(const QWidget* widget) const;
+  const Part* PartAt(const QWidget* widget) const;
 
   /// What a mnemonic of a widget is meant for. The action is empty where it only leads to the
   /// control.
@@ -66,16 +66,16 @@ class ControlViews {
     Control* control = nullptr;
     Action action;
   };
-  std::optional<Mnemonic> mnemonicOf(QWidget* widget, const QKeySequence& key) const;
+  std::optional<Mnemonic> MnemonicOf(QWidget* widget, const QKeySequence& key) const;
 
   /// The widget that has the keyboard for a control; null if it has none here.
-  QWidget* focusWidget(const Control* control) const;
+  QWidget* FocusWidget(const Control* control) const;
 
  private:
-  void addPart(Control& control, QWidget& widget, std::function<Action(QPoint)> actionAt = {},
+  void AddPart(Control& control, QWidget& widget, std::function<Action(QPoint)> actionAt = {},
                bool anyButton = false);
-  void takesFocus(Control& control, QWidget& widget);
-  void showWith(std::function<void()> show) { shows.push_back(std::move(show)); }
+  void TakesFocus(Control& control, QWidget& widget);
+  void ShowWith(std::function<void()> show) { shows.push_back(std::move(show)); }
 
   Act act;
   bool refreshing = false;

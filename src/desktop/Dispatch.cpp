@@ -6,16 +6,16 @@
 
 namespace dialwright {
 
-bool Dispatch::run(const std::function<void()>& work) { return depth == 0 && perform(work); }
+bool Dispatch::Run(const std::function<void()>& work) { return depth == 0 && Perform(work); }
 
-bool Dispatch::runInModalBox(const std::function<void()>& work) { return perform(work); }
+bool Dispatch::RunInModalBox(const std::function<void()>& work) { return Perform(work); }
 
 void Dispatch::end() {
   over = true;
   QCoreApplication::exit();
 }
 
-bool Dispatch::perform(const std::function<void()>& work) {
+bool Dispatch::Perform(const std::function<void()>& work) {
   if (over) return false;
   ++depth;
   try {

@@ -12,21 +12,21 @@ class Dispatch {
  public:
   /// Runs an event's work. Returns false without running it once the program has ended, and while
   /// other work is not done: a timer may fire while a message box is up, a user cannot.
-  bool run(const std::function<void()>& work);
+  bool Run(const std::function<void()>& work);
   /// The same for a modal box of the program's own, which lives inside the work that has shown it.
-  bool runInModalBox(const std::function<void()>& work);
+  bool RunInModalBox(const std::function<void()>& work);
 
   /// The window was closed.
   void end();
-  bool ended() const { return over; }
+  bool Ended() const { return over; }
   /// What has ended the program, if it was not the user.
-  std::exception_ptr failure() const { return thrown; }
+  std::exception_ptr Failure() const { return thrown; }
 
   /// Called after each piece of work: the moment to show what it has changed.
   std::function<void()> afterWork;
 
  private:
-  bool perform(const std::function<void()>& work);
+  bool Perform(const std::function<void()>& work);
 
   int depth = 0;
   bool over = false;

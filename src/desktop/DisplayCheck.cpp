@@ -9,7 +9,7 @@ namespace dialwright {
 
 namespace {
 
-void sayNoDisplay() {
+void SayNoDisplay() {
   const QByteArray display = qgetenv("DISPLAY");
   if (display.isEmpty())
     std::fputs("Dialwright: there is no display to show the window on.\n", stderr);
@@ -21,7 +21,7 @@ void sayNoDisplay() {
 /// What the toolkit says before it gives up is about its plugins, and of no use to a user.
 void onMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
   if (type != QtFatalMsg) return;
-  sayNoDisplay();
+  SayNoDisplay();
   std::_Exit(1);
 }
 
@@ -29,6 +29,6 @@ void onMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
 
 void expectDisplay() { qInstallMessageHandler(onMessage); }
 
-void displayFound() { qInstallMessageHandler(nullptr); }
+void DisplayFound() { qInstallMessageHandler(nullptr); }
 
 }  // namespace dialwright

@@ -7,6 +7,6 @@ namespace dialwright {
 void expectDisplay();
 
 /// To be called right behind it: the toolkit's messages are its own again.
-void displayFound();
+void DisplayFound();
 
 }  // namespace dialwright

@@ -21,16 +21,16 @@ FocusFilter::FocusFilter(QWidget& mainWindow, frmMain& mainForm, ControlViews& c
   qApp->installEventFilter(this);
   // Whatever else moves the keyboard, such as a page that is turned, it comes back.
   connect(
-      qApp, &QApplication::focusChanged, this, [this] { mirrorFocus(); }, Qt::QueuedConnection);
+      qApp, &QApplication::focusChanged, this, [this] { MirrorFocus(); }, Qt::QueuedConnection);
 }
 
-void FocusFilter::mirrorFocus() {
+void FocusFilter::MirrorFocus() {
   Control* active = form.focus.ActiveControl();
   if (active != nullptr) last = active;
   if (QApplication::activePopupWidget() != nullptr ||
       qobject_cast<QMenuBar*>(QApplication::focusWidget()) != nullptr)
     return;  // a menu gives the keyboard back by itself
-  QWidget* wanted = views.focusWidget(active);
+  QWidget* wanted = views.FocusWidget(active);
   QWidget* present = window.focusWidget();
   if (wanted == present) return;
   if (wanted != nullptr)
@@ -48,27 +48,27 @@ bool FocusFilter::eventFilter(QObject* watched, QEvent* event) {
   if (widget->window() != &window) return false;
   switch (type) {
     case QEvent::KeyPress:
-      return key(widget, static_cast<QKeyEvent*>(event));
+      return Key(widget, static_cast<QKeyEvent*>(event));
     case QEvent::Shortcut:
-      return mnemonic(widget, static_cast<QShortcutEvent*>(event));
+      return Mnemonic(widget, static_cast<QShortcutEvent*>(event));
     // A turn of the wheel looks around; it is no choice of a tab.
     case QEvent::Wheel:
       return qobject_cast<QTabBar*>(widget) != nullptr;
     default:
-      return press(widget, static_cast<QMouseEvent*>(event));
+      return Press(widget, static_cast<QMouseEvent*>(event));
   }
 }
 
-bool FocusFilter::press(QWidget* widget, QMouseEvent* event) {
-  const ControlViews::Part* part = views.partAt(widget);
+bool FocusFilter::Press(QWidget* widget, QMouseEvent* event) {
+  const ControlViews::Part* part = views.PartAt(widget);
   if (part == nullptr) return false;
   if (event->button() != Qt::LeftButton && !part->anyButton) return false;
-  if (!part->actionAt) return !step(*part->control, Qt::MouseFocusReason);
-  step(*part->control, Qt::MouseFocusReason, part->actionAt(event->position().toPoint()));
+  if (!part->actionAt) return !Step(*part->control, Qt::MouseFocusReason);
+  Step(*part->control, Qt::MouseFocusReason, part->actionAt(event->position().toPoint()));
   return true;
 }
 
-bool FocusFilter::key(QWidget* widget, QKeyEvent* event) {
+bool FocusFilter::Key(QWidget* widget, QKeyEvent* event) {
   if (qobject_cast<QMenuBar*>(widget) != nullptr) return false;
   const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool shift = modifiers == Qt::ShiftModifier;
@@ -80,31 +80,31 @@ bool FocusFilter::key(QWidget* widget, QKeyEvent* event) {
   const bool inEditBox = dynamic_cast<EditBox*>(form.focus.ActiveControl()) != nullptr;
 
   if (tab && (plain || shift))
-    stepToNeighbour(backwards ? -1 : +1);
+    StepToNeighbour(backwards ? -1 : +1);
   else if (tab && control)
-    stepToTab(backwards ? -1 : +1);
+    StepToTab(backwards ? -1 : +1);
   else if (control && (pressed == Qt::Key_PageUp || pressed == Qt::Key_PageDown))
-    stepToTab(pressed == Qt::Key_PageUp ? -1 : +1);
+    StepToTab(pressed == Qt::Key_PageUp ? -1 : +1);
   else if (plain && inEditBox && (pressed == Qt::Key_Up || pressed == Qt::Key_Down))
-    stepToRow(pressed == Qt::Key_Up ? -1 : +1);
+    StepToRow(pressed == Qt::Key_Up ? -1 : +1);
   else
     return false;
   return true;
 }
 
-bool FocusFilter::mnemonic(QWidget* widget, QShortcutEvent* event) {
-  const auto target = views.mnemonicOf(widget, event->key());
+bool FocusFilter::Mnemonic(QWidget* widget, QShortcutEvent* event) {
+  const auto target = views.MnemonicOf(widget, event->key());
   if (!target) return qobject_cast<QGroupBox*>(widget) != nullptr;
   // Of two controls with one letter the key only chooses, as it does everywhere.
-  const bool moved = step(*target->control, Qt::ShortcutFocusReason);
+  const bool moved = Step(*target->control, Qt::ShortcutFocusReason);
   if (moved && target->action && !event->isAmbiguous()) target->action();
   return true;
 }
 
-bool FocusFilter::step(Control& to, Qt::FocusReason reason, const std::function<void()>& action) {
+bool FocusFilter::Step(Control& to, Qt::FocusReason reason, const std::function<void()>& action) {
   bool moved = false;
   stepReason = reason;
-  entry.run([&] {
+  entry.Run([&] {
     moved = form.focus.Reachable(to) && form.focus.MoveByUser(to);
     if (moved && action) action();
   });
@@ -112,7 +112,7 @@ bool FocusFilter::step(Control& to, Qt::FocusReason reason, const std::function<
   return moved;
 }
 
-void FocusFilter::stepToNeighbour(int direction) {
+void FocusFilter::StepToNeighbour(int direction) {
   const Control* from = form.focus.ActiveControl() != nullptr ? form.focus.ActiveControl() : last;
   const auto count = static_cast<int>(tabOrder.size());
   const auto found = std::find(tabOrder.begin(), tabOrder.end(), from);
@@ -122,24 +122,24 @@ void FocusFilter::stepToNeighbour(int direction) {
     place = (place + direction + count) % count;
     Control& next = *tabOrder[static_cast<std::size_t>(place)];
     if (!form.focus.Reachable(next)) continue;
-    step(next, direction > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    Step(next, direction > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return;
   }
 }
 
-void FocusFilter::stepToRow(int direction) {
+void FocusFilter::StepToRow(int direction) {
   const int tab = form.SSTab1.Tab();
   if (tab >= gridCount) return;
   KeyGrid& grid = At(form.gridKeyMap, tab);
-  step(grid, Qt::OtherFocusReason, [&grid, row = grid.Row() + direction] { grid.SetRow(row); });
+  Step(grid, Qt::OtherFocusReason, [&grid, row = grid.Row() + direction] { grid.SetRow(row); });
 }
 
-void FocusFilter::stepToTab(int direction) {
+void FocusFilter::StepToTab(int direction) {
   int tab = form.SSTab1.Tab();
   do {
     tab = (tab + direction + TabStrip::tabCount) % TabStrip::tabCount;
   } while (!form.SSTab1.TabVisible(tab));
-  step(form.SSTab1, Qt::OtherFocusReason, [this, tab] { form.SSTab1.SetTab(tab); });
+  Step(form.SSTab1, Qt::OtherFocusReason, [this, tab] { form.SSTab1.SetTab(tab); });
 }
 
 }  // namespace dialwright

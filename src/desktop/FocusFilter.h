@@ -27,21 +27,21 @@ class FocusFilter : public QObject {
   std::vector<Control*> tabOrder;
 
   /// Gives the keyboard to the control that has the form's focus.
-  void mirrorFocus();
+  void MirrorFocus();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool press(QWidget* widget, QMouseEvent* event);
-  bool key(QWidget* widget, QKeyEvent* event);
-  bool mnemonic(QWidget* widget, QShortcutEvent* event);
+  bool Press(QWidget* widget, QMouseEvent* event);
+  bool Key(QWidget* widget, QKeyEvent* event);
+  bool Mnemonic(QWidget* widget, QShortcutEvent* event);
 
   /// A user's step to a control, and what they do there. Returns whether the control has the focus,
   /// or had it when the action ran.
-  bool step(Control& to, Qt::FocusReason reason, const std::function<void()>& action = {});
-  void stepToNeighbour(int direction);
-  void stepToRow(int direction);
-  void stepToTab(int direction);
+  bool Step(Control& to, Qt::FocusReason reason, const std::function<void()>& action = {});
+  void StepToNeighbour(int direction);
+  void StepToRow(int direction);
+  void StepToTab(int direction);
 
   QWidget& window;
   frmMain& form;

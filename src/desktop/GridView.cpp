@@ -50,7 +50,7 @@ GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   setItemDelegate(new RoomyCells(this));
-  fitRows();
+  FitRows();
   // Columns as wide as their texts: a text too long for the view scrolls and is never cut.
   horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   horizontalHeader()->setStretchLastSection(true);
@@ -58,7 +58,7 @@ GridView::GridView(const KeyGrid& keyGrid, QWidget* parent)
   horizontalHeader()->setSectionsClickable(false);
 }
 
-void GridView::fitRows() {
+void GridView::FitRows() {
   const int height = 3 * fontMetrics().height() / 2;
   verticalHeader()->setMinimumSectionSize(height);
   verticalHeader()->setDefaultSectionSize(height);
@@ -66,17 +66,17 @@ void GridView::fitRows() {
 
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitRows();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitRows();
 }
 
-void GridView::refresh() {
-  const bool changed = texts.refresh();
+void GridView::Refresh() {
+  const bool changed = texts.Refresh();
   if (changed) updateGeometry();
   const int shown = currentIndex().isValid() ? currentIndex().row() + 1 : 0;
-  if (changed || shown != grid.Row()) showCurrentRow();
+  if (changed || shown != grid.Row()) ShowCurrentRow();
 }
 
-void GridView::showCurrentRow() {
+void GridView::ShowCurrentRow() {
   const QModelIndex current = texts.index(grid.Row() - 1, 0);
   if (!current.isValid()) {
     selectionModel()->clear();
@@ -87,9 +87,9 @@ void GridView::showCurrentRow() {
   scrollTo(current);
 }
 
-int GridView::rowAtPlace(QPoint place) const { return rowAt(place.y()) + 1; }
+int GridView::RowAtPlace(QPoint place) const { return rowAt(place.y()) + 1; }
 
-int GridView::rowsOnAPage() const {
+int GridView::RowsOnAPage() const {
   return std::max(1, viewport()->height() / std::max(1, rowHeight(0)) - 1);
 }
 
@@ -104,10 +104,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
       row += 1;
       break;
     case Qt::Key_PageUp:
-      row -= rowsOnAPage();
+      row -= RowsOnAPage();
       break;
     case Qt::Key_PageDown:
-      row += rowsOnAPage();
+      row += RowsOnAPage();
       break;
     case Qt::Key_Home:
       row = 1;

@@ -15,10 +15,10 @@ class GridView : public QTableView {
  public:
   explicit GridView(const KeyGrid& keyGrid, QWidget* parent = nullptr);
 
-  void refresh();
+  void Refresh();
 
   /// The grid's row at a place of the viewport, 0 where there is none.
-  int rowAtPlace(QPoint place) const;
+  int RowAtPlace(QPoint place) const;
 
   std::function<void(int row)> rowWanted;  ///< by a key
 
@@ -35,10 +35,10 @@ class GridView : public QTableView {
   QSize sizeHint() const override;
 
  private:
-  int rowsOnAPage() const;
+  int RowsOnAPage() const;
   /// Makes the rows as high as the font wants them.
-  void fitRows();
-  void showCurrentRow();
+  void FitRows();
+  void ShowCurrentRow();
 
   const KeyGrid& grid;
   KeyGridModel texts;

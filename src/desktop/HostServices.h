@@ -12,7 +12,7 @@ class HostServices {
  public:
   virtual ~HostServices() = default;
   /// All services, with the window's message boxes.
-  virtual Services services(MessageBoxes& messages) = 0;
+  virtual Services ServicesWith(MessageBoxes& messages) = 0;
 };
 
 /// The services of this operating system for a program folder (a path of the system's own).

@@ -21,22 +21,22 @@ constexpr int keyRedo = 25;
 constexpr int keyDelete = 127;
 
 /// The system counts characters, the toolkit UTF-16 units.
-qsizetype charactersIn(const QString& text) { return text.toUcs4().size(); }
+qsizetype CharactersIn(const QString& text) { return text.toUcs4().size(); }
 
-QString firstCharacters(const QString& text, qsizetype count) {
+QString FirstOf(const QString& text, qsizetype count) {
   const QList<uint> characters = text.toUcs4();
   if (characters.size() <= count) return text;
-  return toQt(
-      FirstCharacters(fromQt(text), static_cast<std::size_t>(std::max<qsizetype>(0, count))));
+  return ToQt(
+      FirstCharacters(FromQt(text), static_cast<std::size_t>(std::max<qsizetype>(0, count))));
 }
 
-int unitsOf(const QString& text, std::size_t characters) {
-  return static_cast<int>(firstCharacters(text, static_cast<qsizetype>(characters)).size());
+int UnitsOf(const QString& text, std::size_t characters) {
+  return static_cast<int>(FirstOf(text, static_cast<qsizetype>(characters)).size());
 }
 
-int classicCode(const QString& text) { return static_cast<unsigned char>(text.toUtf8().front()); }
+int ClassicCode(const QString& text) { return static_cast<unsigned char>(text.toUtf8().front()); }
 
-bool isCharacter(const QKeyEvent& event) {
+bool IsCharacter(const QKeyEvent& event) {
   const QString text = event.text();
   if (text.isEmpty()) return false;
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
@@ -60,7 +60,7 @@ constexpr EditKey editKeys[] = {
 };
 
 /// The code of a key that takes text away or brings it back; 0 for any other.
-int editCode(const QKeyEvent& event) {
+int EditCode(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Backspace) return keyBackspace;
   if (event.key() == Qt::Key_Delete) return keyDelete;
   for (const EditKey& row : editKeys)
@@ -76,16 +76,16 @@ KeyEdit::KeyEdit(EditBox& editBox, QWidget* parent) : QLineEdit(parent), box(edi
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (textTyped) textTyped(text);
   });
-  connect(this, &QLineEdit::selectionChanged, this, [this] { tellSelection(); });
-  connect(this, &QLineEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+  connect(this, &QLineEdit::selectionChanged, this, [this] { TellSelection(); });
+  connect(this, &QLineEdit::cursorPositionChanged, this, [this] { TellSelection(); });
 }
 
-void KeyEdit::refresh() {
+void KeyEdit::Refresh() {
   refreshing = true;
-  const QString wanted = toQt(box.Text());
+  const QString wanted = ToQt(box.Text());
   if (text() != wanted) setText(wanted);
-  const int start = unitsOf(wanted, box.SelStart);
-  const int length = unitsOf(wanted, box.SelStart + box.SelLength) - start;
+  const int start = UnitsOf(wanted, box.SelStart);
+  const int length = UnitsOf(wanted, box.SelStart + box.SelLength) - start;
   if (length > 0) {
     if (selectionStart() != start || selectionLength() != length) setSelection(start, length);
   } else if (hasSelectedText() || cursorPosition() != start) {
@@ -95,27 +95,27 @@ void KeyEdit::refresh() {
   refreshing = false;
 }
 
-void KeyEdit::tellSelection() {
+void KeyEdit::TellSelection() {
   if (refreshing) return;
   const int start = hasSelectedText() ? selectionStart() : cursorPosition();
-  box.SelStart = static_cast<std::size_t>(charactersIn(text().left(start)));
-  box.SelLength = static_cast<std::size_t>(charactersIn(selectedText()));
+  box.SelStart = static_cast<std::size_t>(CharactersIn(text().left(start)));
+  box.SelLength = static_cast<std::size_t>(CharactersIn(selectedText()));
 }
 
-void KeyEdit::change(int keyAscii, const std::function<void()>& edit) {
+void KeyEdit::Change(int keyAscii, const std::function<void()>& edit) {
   if (keyPress) keyPress(keyAscii);
   edit();
 }
 
-QString KeyEdit::cutToRoom(const QString& added) const {
+QString KeyEdit::CutToRoom(const QString& added) const {
   const qsizetype limit = box.MaxLength();
   if (limit == 0) return added;
-  return firstCharacters(added, limit - charactersIn(text()) + charactersIn(selectedText()));
+  return FirstOf(added, limit - CharactersIn(text()) + CharactersIn(selectedText()));
 }
 
-void KeyEdit::typeText(const QString& added) {
-  change(classicCode(added), [this, &added] {
-    const QString fitting = cutToRoom(added);
+void KeyEdit::TypeText(const QString& added) {
+  Change(ClassicCode(added), [this, &added] {
+    const QString fitting = CutToRoom(added);
     if (!fitting.isEmpty()) insert(fitting);
   });
 }
@@ -124,7 +124,7 @@ void KeyEdit::paste(QClipboard::Mode mode) {
   QString added = QGuiApplication::clipboard()->text(mode);
   const auto isLineEnd = [](QChar character) { return character == '\n' || character == '\r'; };
   added.truncate(std::find_if(added.cbegin(), added.cend(), isLineEnd) - added.cbegin());
-  if (!added.isEmpty()) typeText(added);
+  if (!added.isEmpty()) TypeText(added);
 }
 
 void KeyEdit::keyPressEvent(QKeyEvent* event) {
@@ -132,12 +132,12 @@ void KeyEdit::keyPressEvent(QKeyEvent* event) {
     paste(QClipboard::Clipboard);
     return;
   }
-  if (const int code = editCode(*event); code != 0) {
-    change(code, [this, event] { QLineEdit::keyPressEvent(event); });
+  if (const int code = EditCode(*event); code != 0) {
+    Change(code, [this, event] { QLineEdit::keyPressEvent(event); });
     return;
   }
-  if (isCharacter(*event))
-    typeText(event->text());
+  if (IsCharacter(*event))
+    TypeText(event->text());
   else
     QLineEdit::keyPressEvent(event);
 }
@@ -149,8 +149,8 @@ void KeyEdit::inputMethodEvent(QInputMethodEvent* event) {
     return;
   }
   QInputMethodEvent fitting(event->preeditString(), event->attributes());
-  change(committed.isEmpty() ? keyBackspace : classicCode(committed), [&] {
-    fitting.setCommitString(cutToRoom(committed), event->replacementStart(),
+  Change(committed.isEmpty() ? keyBackspace : ClassicCode(committed), [&] {
+    fitting.setCommitString(CutToRoom(committed), event->replacementStart(),
                             event->replacementLength());
     QLineEdit::inputMethodEvent(&fitting);
   });
@@ -178,15 +178,15 @@ void KeyEdit::contextMenuEvent(QContextMenuEvent* event) {
   const bool selected = hasSelectedText();
   const MenuRow rows[] = {
       {"undo", QLineEdit::tr("&Undo"), isUndoAvailable(),
-       [this] { change(keyUndo, [this] { undo(); }); }},
+       [this] { Change(keyUndo, [this] { undo(); }); }},
       {"redo", QLineEdit::tr("&Redo"), isRedoAvailable(),
-       [this] { change(keyRedo, [this] { redo(); }); }},
-      {"cut", QLineEdit::tr("Cu&t"), selected, [this] { change(keyCut, [this] { cut(); }); }},
+       [this] { Change(keyRedo, [this] { redo(); }); }},
+      {"cut", QLineEdit::tr("Cu&t"), selected, [this] { Change(keyCut, [this] { cut(); }); }},
       {"copy", QLineEdit::tr("&Copy"), selected, [this] { copy(); }},
       {"paste", QLineEdit::tr("&Paste"), !QGuiApplication::clipboard()->text().isEmpty(),
        [this] { paste(QClipboard::Clipboard); }},
       {"delete", QLineEdit::tr("Delete"), selected,
-       [this] { change(keyDelete, [this] { del(); }); }},
+       [this] { Change(keyDelete, [this] { del(); }); }},
       {"selectAll", QLineEdit::tr("Select All"), !text().isEmpty(), [this] { selectAll(); }},
   };
   QMenu menu(this);

@@ -15,9 +15,9 @@ class KeyEdit : public QLineEdit {
   explicit KeyEdit(EditBox& editBox, QWidget* parent = nullptr);
 
   /// Takes text and selection of the edit box over.
-  void refresh();
+  void Refresh();
   /// Tells the edit box what is selected here.
-  void tellSelection();
+  void TellSelection();
 
   std::function<void(int keyAscii)> keyPress;     ///< before the text changes
   std::function<void(const QString&)> textTyped;  ///< after it
@@ -30,10 +30,10 @@ class KeyEdit : public QLineEdit {
 
  private:
   /// A change that the toolkit's line edit makes by itself.
-  void change(int keyAscii, const std::function<void()>& edit);
-  void typeText(const QString& added);
+  void Change(int keyAscii, const std::function<void()>& edit);
+  void TypeText(const QString& added);
   void paste(QClipboard::Mode mode);
-  QString cutToRoom(const QString& added) const;
+  QString CutToRoom(const QString& added) const;
 
   EditBox& box;
   bool refreshing = false;

@@ -4,22 +4,22 @@
 
 namespace dialwright {
 
-KeyGridModel::KeyGridModel(const KeyGrid& keyGrid) : grid(keyGrid) { refresh(); }
+KeyGridModel::KeyGridModel(const KeyGrid& keyGrid) : grid(keyGrid) { Refresh(); }
 
-KeyGridModel::Texts KeyGridModel::textsOf(int gridRow) const {
-  return {toQt(grid.Text(gridRow, Column::Action)),
-          toQt(grid.Text(gridRow, Column::KeyAssignment))};
+KeyGridModel::Texts KeyGridModel::TextsOf(int gridRow) const {
+  return {ToQt(grid.Text(gridRow, Column::Action)),
+          ToQt(grid.Text(gridRow, Column::KeyAssignment))};
 }
 
-bool KeyGridModel::refresh() {
+bool KeyGridModel::Refresh() {
   bool changed = false;
-  if (const Texts texts = textsOf(0); texts != heading) {
+  if (const Texts texts = TextsOf(0); texts != heading) {
     heading = texts;
     changed = true;
     emit headerDataChanged(Qt::Horizontal, 0, shownColumns - 1);
   }
   std::vector<Texts> present;
-  for (int row = 1; row < grid.Rows(); ++row) present.push_back(textsOf(row));
+  for (int row = 1; row < grid.Rows(); ++row) present.push_back(TextsOf(row));
   if (present == rows) return changed;
 
   if (present.size() != rows.size()) {

@@ -19,7 +19,7 @@ class KeyGridModel : public QAbstractTableModel {
 
   /// Takes the grid's present texts over, also from a grid that does not draw. Returns whether any
   /// has changed.
-  bool refresh();
+  bool Refresh();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -28,7 +28,7 @@ class KeyGridModel : public QAbstractTableModel {
 
  private:
   using Texts = std::array<QString, shownColumns>;
-  Texts textsOf(int gridRow) const;
+  Texts TextsOf(int gridRow) const;
 
   const KeyGrid& grid;
   Texts heading;

@@ -33,7 +33,7 @@ bool isTypewriters(const QString& family) {
 
 /// A family with the script's letters; of several, one whose letters are as wide as they are by
 /// nature. Empty where no installed font has them.
-QString familyFor(QFontDatabase::WritingSystem script) {
+QString FamilyFor(QFontDatabase::WritingSystem script) {
   const QStringList families = QFontDatabase::families(script);
   const auto proportional =
       std::find_if(families.begin(), families.end(), [](const QString& family) {
@@ -45,9 +45,9 @@ QString familyFor(QFontDatabase::WritingSystem script) {
 
 }  // namespace
 
-QFont languageFont(const ControlFont& font) {
+QFont LanguageFont(const ControlFont& font) {
   QFont result;
-  const QString name = toQt(font.Name);
+  const QString name = ToQt(font.Name);
   if (name.isEmpty()) return result;
 
   // The user's own font stays in front where it can write the script itself.
@@ -61,7 +61,7 @@ QFont languageFont(const ControlFont& font) {
                      [&](const CharsetRow& it) { return it.charset == font.Charset; });
     if (row == std::end(charsets) || QFontDatabase::writingSystems(usual).contains(row->script))
       return result;
-    families << familyFor(row->script);
+    families << FamilyFor(row->script);
   }
   families << usual;
   families.removeAll({});

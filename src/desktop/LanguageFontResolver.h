@@ -8,6 +8,6 @@ namespace dialwright {
 
 /// The font that shows a control's texts: the named one where it is installed, else one that has
 /// the letters of its script. Size and weight stay the user's.
-QFont languageFont(const ControlFont& font);
+QFont LanguageFont(const ControlFont& font);
 
 }  // namespace dialwright

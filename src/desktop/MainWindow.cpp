@@ -26,11 +26,11 @@ MainWindow::MainWindow(Program& theProgram)
     : program(theProgram),
       form(*theProgram.main),
       views([this](Control& control, const ControlViews::Action& action) {
-        entry.run([&] {
+        entry.Run([&] {
           if (form.focus.Reachable(control) && form.focus.MoveByUser(control)) action();
         });
       }) {
-  setObjectName(toQt(form.Name));
+  setObjectName(ToQt(form.Name));
   auto* centre = new QWidget;
   auto* column = new QVBoxLayout(centre);
   column->setSpacing(10);
@@ -40,14 +40,14 @@ MainWindow::MainWindow(Program& theProgram)
   column->addLayout(bottom);
   setCentralWidget(centre);
 
-  buildTabs();
-  buildBottom();
-  menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { pick(item); });
+  BuildTabs();
+  BuildBottom();
+  menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { Pick(item); });
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
-  setTabOrders();
-  listenToControls();
+  SetTabOrders();
+  ListenToControls();
   form.hWnd = static_cast<std::uintptr_t>(winId());
-  refresh();
+  Refresh();
 }
 
 MainWindow::~MainWindow() {
@@ -61,30 +61,30 @@ MainWindow::~MainWindow() {
   program.aboutCreated = nullptr;
 }
 
-void MainWindow::buildTabs() {
+void MainWindow::BuildTabs() {
   for (int i = 0; i < gridCount; ++i) tabs->addTab(new TabPage(form, i, views), QString());
   setup = new SetupPage(form, views);
   tabs->addTab(setup, QString());
   tabs->tabBar()->setElideMode(Qt::ElideNone);
-  tabs->tabBar()->setAccessibleName(texts::tabs());
-  views.join(form.SSTab1, *tabs);
+  tabs->tabBar()->setAccessibleName(texts::Tabs());
+  views.Join(form.SSTab1, *tabs);
 }
 
-void MainWindow::buildBottom() {
+void MainWindow::BuildBottom() {
   documents = new QWidget;
   auto* boxes = new QVBoxLayout(documents);
   boxes->setContentsMargins(0, 0, 0, 0);
   for (CheckBox* control : {&form.chkGenerateHelp, &form.chkGeneratePDF}) {
     auto* box = new QCheckBox;
     boxes->addWidget(box, 0, Qt::AlignLeft);
-    views.join(*control, *box);
+    views.Join(*control, *box);
   }
   bottom->addWidget(documents);
   bottom->addStretch();
   for (CommandButton* control : {&form.cmdSave, &form.cmdExit}) {
     auto* button = new QPushButton;
     bottom->addWidget(button, 0, Qt::AlignBottom);
-    views.join(*control, *button);
+    views.Join(*control, *button);
   }
 }
 
@@ -93,7 +93,7 @@ void MainWindow::AddNotice(QWidget& notice) {
   column->insertWidget(column->indexOf(bottom), &notice);
 }
 
-void MainWindow::placeDocuments() {
+void MainWindow::PlaceDocuments() {
   const bool onSetup = form.chkGenerateHelp.HomeTab == setupTab;
   if (onSetup == documentsOnSetup) return;
   documentsOnSetup = onSetup;
@@ -103,7 +103,7 @@ void MainWindow::placeDocuments() {
     bottom->insertWidget(0, documents);
 }
 
-void MainWindow::setTabOrders() {
+void MainWindow::SetTabOrders() {
   std::vector<Control*>& order = focus->tabOrder;
   order.push_back(&form.SSTab1);
   for (int i = 0; i < gridCount; ++i)
@@ -112,14 +112,14 @@ void MainWindow::setTabOrders() {
                              static_cast<Control*>(&At(form.chkDontVoiceAction, i)),
                              static_cast<Control*>(&At(form.UpDownMenuOrder, i))})
       order.push_back(control);
-  for (Control* control : SetupPage::controlsInOrder(form)) order.push_back(control);
+  for (Control* control : SetupPage::ControlsInOrder(form)) order.push_back(control);
   for (Control* control :
        {static_cast<Control*>(&form.chkGenerateHelp), static_cast<Control*>(&form.chkGeneratePDF),
         static_cast<Control*>(&form.cmdSave), static_cast<Control*>(&form.cmdExit)})
     order.push_back(control);
 }
 
-void MainWindow::listenToControls() {
+void MainWindow::ListenToControls() {
   const auto later = [this] {
     if (refreshQueued) return;
     refreshQueued = true;
@@ -127,7 +127,7 @@ void MainWindow::listenToControls() {
         this,
         [this] {
           refreshQueued = false;
-          refresh();
+          Refresh();
         },
         Qt::QueuedConnection);
   };
@@ -135,7 +135,7 @@ void MainWindow::listenToControls() {
   form.focus.changed = later;
   // The title and the pointer don't wait: they change while the system works.
   form.changed = [this] {
-    setWindowTitle(toQt(form.Caption));
+    setWindowTitle(ToQt(form.Caption));
     setCursor(form.Pointer == MousePointer::hourglass ? Qt::WaitCursor : Qt::ArrowCursor);
   };
   program.aboutCreated = [this](frmAbout& box) {
@@ -143,36 +143,36 @@ void MainWindow::listenToControls() {
     about->holdsUp = aboutHoldsUp;
   };
   entry.afterWork = [this] {
-    refresh();
-    if (about) about->refresh();
+    Refresh();
+    if (about) about->Refresh();
   };
 }
 
-void MainWindow::refresh() {
-  placeDocuments();
-  views.refresh();
-  menus->refresh();
+void MainWindow::Refresh() {
+  PlaceDocuments();
+  views.Refresh();
+  menus->Refresh();
   for (int i = 0; i < gridCount; ++i) {
-    const QString tab = toQt(form.SSTab1.TabCaption(i));
-    QWidget* grid = views.focusWidget(&At(form.gridKeyMap, i));
+    const QString tab = ToQt(form.SSTab1.TabCaption(i));
+    QWidget* grid = views.FocusWidget(&At(form.gridKeyMap, i));
     grid->setAccessibleName(tab);
-    grid->setAccessibleDescription(linesToQt(At(form.txtDescription, i).Caption()));
-    views.focusWidget(&At(form.UpDownMenuOrder, i))
-        ->setAccessibleName(toQt(At(form.frameMenuOrder, i).Caption));
-    QWidget* key = views.focusWidget(&At(form.txtKeyAssignment, i));
-    key->setAccessibleDescription(toQt(At(form.lblKeyMap, i).Caption));
+    grid->setAccessibleDescription(LinesToQt(At(form.txtDescription, i).Caption()));
+    views.FocusWidget(&At(form.UpDownMenuOrder, i))
+        ->setAccessibleName(ToQt(At(form.frameMenuOrder, i).Caption));
+    QWidget* key = views.FocusWidget(&At(form.txtKeyAssignment, i));
+    key->setAccessibleDescription(ToQt(At(form.lblKeyMap, i).Caption));
   }
-  focus->mirrorFocus();
+  focus->MirrorFocus();
 }
 
-void MainWindow::pick(MenuItem& item) {
-  entry.run([&] {
+void MainWindow::Pick(MenuItem& item) {
+  entry.Run([&] {
     if (item.Offered() && item.Enabled && item.Click) item.Click();
   });
 }
 
-void MainWindow::open() {
-  refresh();
+void MainWindow::Open() {
+  Refresh();
   // Wide enough for the widest page and for all tabs, with some room for languages of longer words,
   // and never larger than the screen.
   centralWidget()->layout()->invalidate();
@@ -186,8 +186,8 @@ void MainWindow::open() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   std::int16_t cancel = 0;
-  const bool asked = entry.run([&] { Form_Unload(form, cancel); });
-  if (entry.ended()) return;
+  const bool asked = entry.Run([&] { Form_Unload(form, cancel); });
+  if (entry.Ended()) return;
   if (!asked || cancel != 0) {
     event->ignore();
     return;

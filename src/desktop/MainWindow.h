@@ -27,17 +27,17 @@ class MainWindow : public QMainWindow {
   ~MainWindow() override;
 
   /// Comes up on the screen, once the start-up sequence is through.
-  void open();
+  void Open();
 
   /// Gives a notice its place, between the tabs and the buttons. It belongs to the window then.
   void AddNotice(QWidget& notice);
 
   /// Shows what the controls hold now.
-  void refresh();
+  void Refresh();
 
-  Dispatch& dispatch() { return entry; }
+  Dispatch& Entry() { return entry; }
   /// The about box, once it has been opened.
-  AboutDialog* aboutBox() { return about.get(); }
+  AboutDialog* AboutBox() { return about.get(); }
 
   /// Whether the about box holds up whoever opens it until it is closed, as a modal box does.
   bool aboutHoldsUp = true;
@@ -46,12 +46,12 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void buildTabs();
-  void buildBottom();
-  void placeDocuments();
-  void listenToControls();
-  void pick(MenuItem& item);
-  void setTabOrders();
+  void BuildTabs();
+  void BuildBottom();
+  void PlaceDocuments();
+  void ListenToControls();
+  void Pick(MenuItem& item);
+  void SetTabOrders();
 
   Program& program;
   frmMain& form;

@@ -14,7 +14,7 @@ Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick) : form(main
   for (Control* control : form.Controls) {
     auto* item = dynamic_cast<MenuItem*>(control);
     if (item == nullptr) continue;
-    const QString name = toQt(item->Name);
+    const QString name = ToQt(item->Name);
     if (item->Parent == nullptr) {
       QMenu* menu = menuBar.addMenu(QString());
       menu->setObjectName(name);
@@ -34,16 +34,16 @@ Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick) : form(main
        {&form.mnuSelectDialwright, &form.mnuSelectDialwright2, &form.mnuSelectDialwright3})
     actions.at(item)->setCheckable(true);
   actions.at(&form.mnuHelp)->setShortcut(QKeySequence(Qt::Key_F1));
-  refresh();
+  Refresh();
 }
 
-void Menus::refresh() {
+void Menus::Refresh() {
   for (const auto& [item, action] : actions) {
-    action->setText(toQt(item->Caption));
+    action->setText(ToQt(item->Caption));
     action->setVisible(item->Visible);
     action->setEnabled(item->Enabled);
     if (action->isCheckable()) action->setChecked(item->Checked);
-    action->setFont(languageFont(item->Font));
+    action->setFont(LanguageFont(item->Font));
   }
 }
 

@@ -21,7 +21,7 @@ class Menus {
 
   Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick);
 
-  void refresh();
+  void Refresh();
 
  private:
   frmMain& form;

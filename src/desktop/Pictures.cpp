@@ -17,15 +17,15 @@ const QColor brightBlue{0x3d, 0x8b, 0xd9};
 const QColor amber{0xf2, 0xa3, 0x3a};
 
 /// A square canvas of 100 by 100 in the middle of the place.
-void fitCanvas(QPainter& painter, QSize place) {
+void FitCanvas(QPainter& painter, QSize place) {
   painter.setRenderHint(QPainter::Antialiasing);
   const double side = std::min(place.width(), place.height());
   painter.translate((place.width() - side) / 2, (place.height() - side) / 2);
   painter.scale(side / canvas.width(), side / canvas.height());
 }
 
-void paintServer(QPainter& painter, QSize place) {
-  fitCanvas(painter, place);
+void PaintServer(QPainter& painter, QSize place) {
+  FitCanvas(painter, place);
   painter.setPen(Qt::NoPen);
   painter.setBrush(brightBlue);
   painter.drawEllipse(QRectF(2, 2, 96, 96));
@@ -46,7 +46,7 @@ void paintServer(QPainter& painter, QSize place) {
     }
 }
 
-QSize pictureSize(const QWidget& widget) {
+QSize PictureSize(const QWidget& widget) {
   const int side = widget.fontMetrics().height() * 5;
   return {side, side};
 }
@@ -54,15 +54,15 @@ QSize pictureSize(const QWidget& widget) {
 }  // namespace
 
 MakerPicture::MakerPicture(QWidget* parent) : QWidget(parent) {
-  setAccessibleName(texts::makerPicture());
+  setAccessibleName(texts::MakerPicture());
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-QSize MakerPicture::sizeHint() const { return pictureSize(*this); }
+QSize MakerPicture::sizeHint() const { return PictureSize(*this); }
 
 void MakerPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  fitCanvas(painter, size());
+  FitCanvas(painter, size());
   painter.setPen(Qt::NoPen);
   painter.setBrush(deepBlue);
   painter.drawRoundedRect(canvas, 20, 20);
@@ -84,22 +84,22 @@ void MakerPicture::paintEvent(QPaintEvent*) {
 }
 
 ServerPicture::ServerPicture(QWidget* parent) : QWidget(parent) {
-  setAccessibleName(texts::serverPicture());
+  setAccessibleName(texts::ServerPicture());
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-QSize ServerPicture::sizeHint() const { return pictureSize(*this); }
+QSize ServerPicture::sizeHint() const { return PictureSize(*this); }
 
 void ServerPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  paintServer(painter, size());
+  PaintServer(painter, size());
 }
 
-QPixmap serverPicture(int side) {
+QPixmap DrawServer(int side) {
   QPixmap picture(side, side);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
-  paintServer(painter, picture.size());
+  PaintServer(painter, picture.size());
   return picture;
 }
 

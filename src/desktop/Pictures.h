@@ -26,6 +26,6 @@ class ServerPicture : public QWidget {
 };
 
 /// The server's sign, which is also the program's, as a square of that many pixels.
-QPixmap serverPicture(int side);
+QPixmap DrawServer(int side);
 
 }  // namespace dialwright

@@ -14,9 +14,9 @@ MsgBoxAnswer QtMessageBoxes::MsgBox(std::string_view text, MsgBoxButtons buttons
   QMessageBox box(owner);
   const bool question = buttons == MsgBoxButtons::YesNo;
   box.setObjectName("msgbox");
-  box.setWindowTitle(boxTitle.empty() ? title : toQt(boxTitle));
+  box.setWindowTitle(boxTitle.empty() ? title : ToQt(boxTitle));
   box.setTextFormat(Qt::PlainText);
-  box.setText(linesToQt(text));
+  box.setText(LinesToQt(text));
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.setIcon(question ? QMessageBox::Question : QMessageBox::Information);
   box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);

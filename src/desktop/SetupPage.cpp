@@ -39,7 +39,7 @@ SetupPage::SetupPage(frmMain& form, ControlViews& views, QWidget* parent) : QWid
     row->addWidget(box);
     row->addStretch();
     rows->addLayout(row);
-    views.join(form.*option.box, *box);
+    views.Join(form.*option.box, *box);
   }
   auto* note = new WrapLabel;
   rows->addSpacing(8);
@@ -52,11 +52,11 @@ SetupPage::SetupPage(frmMain& form, ControlViews& views, QWidget* parent) : QWid
   page->addLayout(documents);
   page->addStretch();
 
-  views.join(form.frameSetup, *frame);
-  views.join(form.Label1, *note);
+  views.Join(form.frameSetup, *frame);
+  views.Join(form.Label1, *note);
 }
 
-std::vector<Control*> SetupPage::controlsInOrder(frmMain& form) {
+std::vector<Control*> SetupPage::ControlsInOrder(frmMain& form) {
   std::vector<Control*> result;
   for (const OptionRow& option : options) result.push_back(&(form.*option.box));
   return result;

@@ -18,7 +18,7 @@ class SetupPage : public QWidget {
   SetupPage(frmMain& form, ControlViews& views, QWidget* parent = nullptr);
 
   /// Its controls in the order in which they stand.
-  static std::vector<Control*> controlsInOrder(frmMain& form);
+  static std::vector<Control*> ControlsInOrder(frmMain& form);
 
   /// Where the document boxes stand while the server has this tab.
   QVBoxLayout* documents = nullptr;

@@ -10,7 +10,7 @@ namespace dialwright {
 
 namespace {
 
-QToolButton* arrowButton(Qt::ArrowType arrow, const QString& name) {
+QToolButton* ArrowButton(Qt::ArrowType arrow, const QString& name) {
   auto* button = new QToolButton;
   button->setArrowType(arrow);
   button->setAccessibleName(name);
@@ -26,8 +26,8 @@ QToolButton* arrowButton(Qt::ArrowType arrow, const QString& name) {
 
 SpinArrows::SpinArrows(QWidget* parent)
     : QWidget(parent),
-      up(arrowButton(Qt::UpArrow, texts::moveUp())),
-      down(arrowButton(Qt::DownArrow, texts::moveDown())) {
+      up(ArrowButton(Qt::UpArrow, texts::MoveUp())),
+      down(ArrowButton(Qt::DownArrow, texts::MoveDown())) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(3, 3, 3, 3);  // room for the ring that shows the focus
   column->setSpacing(1);

@@ -11,8 +11,8 @@ class SpinArrows : public QWidget {
  public:
   explicit SpinArrows(QWidget* parent = nullptr);
 
-  QToolButton& upButton() { return *up; }
-  QToolButton& downButton() { return *down; }
+  QToolButton& UpButton() { return *up; }
+  QToolButton& DownButton() { return *down; }
 
   std::function<void()> upClick;
   std::function<void()> downClick;

@@ -19,7 +19,7 @@ namespace {
 
 /// The text that explains an action. It is there to be read: it takes no keyboard, and scrolls if
 /// it is long.
-QTextEdit* descriptionText() {
+QTextEdit* DescriptionText() {
   auto* text = new QTextEdit;
   text->setReadOnly(true);
   text->setFocusPolicy(Qt::NoFocus);
@@ -43,7 +43,7 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   auto* orderFrame = new QGroupBox;
   auto* order = new SpinArrows;
   auto* descriptionFrame = new QGroupBox;
-  auto* description = descriptionText();
+  auto* description = DescriptionText();
 
   auto* orderRow = new QHBoxLayout(orderFrame);
   orderRow->setContentsMargins(8, 4, 8, 4);
@@ -76,17 +76,17 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   page->addWidget(about);
   page->addLayout(columns, 1);
 
-  views.join(At(form.LabelTabDescription, index), *about);
-  views.join(At(form.gridKeyMap, index), *grid);
-  views.join(At(form.labelKeyMap, index), *keyLabel);
-  views.join(At(form.txtKeyAssignment, index), *key);
-  views.join(At(form.lblKeyMap, index), *keyNote);
-  views.join(At(form.chkDontVoiceAction, index), *dontVoice);
-  views.join(At(form.frameMenuOrder, index), *orderFrame);
-  views.join(At(form.UpDownMenuOrder, index), *order);
-  views.join(At(form.frameDescription, index), *descriptionFrame);
-  views.join(At(form.txtDescription, index), *description);
-  views.name(At(form.txtKeyAssignment, index), *keyLabel);
+  views.Join(At(form.LabelTabDescription, index), *about);
+  views.Join(At(form.gridKeyMap, index), *grid);
+  views.Join(At(form.labelKeyMap, index), *keyLabel);
+  views.Join(At(form.txtKeyAssignment, index), *key);
+  views.Join(At(form.lblKeyMap, index), *keyNote);
+  views.Join(At(form.chkDontVoiceAction, index), *dontVoice);
+  views.Join(At(form.frameMenuOrder, index), *orderFrame);
+  views.Join(At(form.UpDownMenuOrder, index), *order);
+  views.Join(At(form.frameDescription, index), *descriptionFrame);
+  views.Join(At(form.txtDescription, index), *description);
+  views.Name(At(form.txtKeyAssignment, index), *keyLabel);
 }
 
 }  // namespace dialwright

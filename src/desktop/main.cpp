@@ -25,30 +25,30 @@ using namespace dialwright;
 constexpr const char* programTitle = "Dialwright";
 
 /// A folder of the host as a path of the system.
-std::string systemPath(const QString& hostFolder) {
-  return ReplaceAll(fromQt(hostFolder), "/", "\\");
+std::string SystemPath(const QString& hostFolder) {
+  return ReplaceAll(FromQt(hostFolder), "/", "\\");
 }
 
 /// Runs the program to its end. Throws what has ended it, if it was not the user.
-void runProgram() {
-  const std::string folder = systemPath(QCoreApplication::applicationDirPath());
+void RunProgram() {
+  const std::string folder = SystemPath(QCoreApplication::applicationDirPath());
   const auto host = MakeHostServices(folder);
   QtMessageBoxes messages(programTitle);
-  Program program(host->services(messages), folder,
-                  fromQt(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName()));
+  Program program(host->ServicesWith(messages), folder,
+                  FromQt(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName()));
 
   ConnectEvents(*program.main);
   MainWindow window(program);
   messages.window = &window;
   window.AddNotice(*new CardNotice(program, messages));
-  Dispatch& dispatch = window.dispatch();
-  dispatch.run([&] { Form_Load(*program.main); });
-  if (!dispatch.ended()) {
-    window.open();
+  Dispatch& dispatch = window.Entry();
+  dispatch.Run([&] { Form_Load(*program.main); });
+  if (!dispatch.Ended()) {
+    window.Open();
     QApplication::exec();
   }
   messages.window = nullptr;
-  if (dispatch.failure()) std::rethrow_exception(dispatch.failure());
+  if (dispatch.Failure()) std::rethrow_exception(dispatch.Failure());
 }
 
 }  // namespace
@@ -56,16 +56,16 @@ void runProgram() {
 int main(int argc, char** argv) {
   expectDisplay();
   const QApplication application(argc, argv);
-  displayFound();
+  DisplayFound();
   QApplication::setApplicationName(programTitle);
-  QApplication::setWindowIcon(QIcon(serverPicture(64)));
+  QApplication::setWindowIcon(QIcon(DrawServer(64)));
   // The window says when the program ends; a closed help window does not.
   QApplication::setQuitOnLastWindowClosed(false);
   try {
-    runProgram();
+    RunProgram();
   } catch (const std::exception& failure) {
     QMessageBox::critical(nullptr, programTitle,
-                          texts::unexpectedFailure().arg(QString::fromUtf8(failure.what())));
+                          texts::UnexpectedFailure().arg(QString::fromUtf8(failure.what())));
     return 1;
   }
   return 0;

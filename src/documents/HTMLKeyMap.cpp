@@ -19,23 +19,23 @@ constexpr PageTemplate templates[] = {
     {{}, "\\Blank_Map_TemplatePre42.htm"},
 };
 
-std::string templatePath(const Program& program) {
+std::string TemplatePath(const Program& program) {
   for (const PageTemplate& candidate : templates)
     if (candidate.since.IsOpen(program.server)) return program.folder + std::string(candidate.name);
   return {};
 }
 
-std::string pagePath(const Program& program) {
+std::string PagePath(const Program& program) {
   return program.folder + std::string(strHelpFileName);
 }
 
 /// The first slot's name has no number here.
-std::string conversationName(const frmMain& form) {
+std::string ConversationName(const frmMain& form) {
   const int slot = SelectedSlot(form);
   return slot == 1 ? "Dialwright" : "Dialwright " + std::to_string(slot);
 }
 
-std::string readAll(FileSystemObject& files, const std::string& path) {
+std::string ReadAll(FileSystemObject& files, const std::string& path) {
   const auto page = files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
   // A page without any text, as a write that failed leaves it, holds no placeholder: that failure
   // has been reported, and not again at every row behind it.
@@ -51,9 +51,9 @@ std::span<const PageTemplate> PageTemplates() { return templates; }
 void CreateKeyMapHTMLFromTemplate(frmMain& form) {
   Program& program = form.program;
   FileSystemObject& files = program.files;
-  const std::string page = pagePath(program);
+  const std::string page = PagePath(program);
   if (files.FileExists(page)) files.DeleteFile(page, true);
-  const std::string source = templatePath(program);
+  const std::string source = TemplatePath(program);
   if (!files.FileExists(source)) {
     program.MsgBox(program.mymyLoadString(1146));
     return;
@@ -63,10 +63,10 @@ void CreateKeyMapHTMLFromTemplate(frmMain& form) {
 
 void FillPlaceholder(frmMain& form, std::string_view token, std::string_view keys) {
   FileSystemObject& files = form.program.files;
-  const std::string path = pagePath(form.program);
-  std::string text = readAll(files, path);
+  const std::string path = PagePath(form.program);
+  std::string text = ReadAll(files, path);
   if (ContainsIgnoringCase(text, namePlaceholder))
-    text = ReplaceAll(text, namePlaceholder, conversationName(form));
+    text = ReplaceAll(text, namePlaceholder, ConversationName(form));
   const std::string placeholder = "%" + std::string(Trim(token)) + "%";
   if (!ContainsIgnoringCase(text, placeholder)) return;
   text = ReplaceAllIgnoringCase(text, placeholder, keys);

@@ -21,7 +21,7 @@ constexpr SetupMapping messageSettingsMenu[] = {
     {&frmMain::chkMESSAGE_PRIVATE_LISTS, "MESSAGE_SETTINGS_PRIVATE_LIST", "4"},
 };
 
-void writeSection(frmMain& form, std::string_view name, std::span<const SetupMapping> mappings,
+void WriteSection(frmMain& form, std::string_view name, std::span<const SetupMapping> mappings,
                   bool second) {
   bool firstRow = true;
   for (const SetupMapping& mapping : mappings) {
@@ -44,8 +44,8 @@ bool SaveSetupMenuKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   if (!bCreateKeyDocument) return true;
   if (setupSections.IsOpen(form.program.server)) {
     const bool hasMessageSettings = form.chkMAIN_MESSAGE_SETTINGS.Value() == 1;
-    writeSection(form, "Setup Menu", setupMenu, second);
-    writeSection(form, "Message Settings Menu",
+    WriteSection(form, "Setup Menu", setupMenu, second);
+    WriteSection(form, "Message Settings Menu",
                  hasMessageSettings ? std::span<const SetupMapping>(messageSettingsMenu)
                                     : std::span<const SetupMapping>(),
                  second);

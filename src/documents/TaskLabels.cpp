@@ -111,24 +111,24 @@ constexpr Task footerSpeedNormal{"FOOTER_SPEED_NORMAL", "Reset playbak speed"};
 
 constexpr std::string_view unknownTask = "ERROR, invalid key name!";
 
-const Task* find(std::span<const Task> tasks, std::string_view name) {
+const Task* Find(std::span<const Task> tasks, std::string_view name) {
   const auto task = std::ranges::find(tasks, name, &Task::name);
   return task == tasks.end() ? nullptr : &*task;
 }
 
-const Task* findTask(std::string_view token) {
+const Task* FindTask(std::string_view token) {
   if (token == footerSpeedNormal.name) return &footerSpeedNormal;
   for (const PlaybackSection& section : PlaybackSections())
     if (token.starts_with(section.prefix))
-      return find(playbackTasks, token.substr(section.prefix.size()));
-  const Task* task = find(menuTasks, token);
-  return task != nullptr ? task : find(afterMessageTasks, token);
+      return Find(playbackTasks, token.substr(section.prefix.size()));
+  const Task* task = Find(menuTasks, token);
+  return task != nullptr ? task : Find(afterMessageTasks, token);
 }
 
 }  // namespace
 
 std::string_view TaskLabel(const Program& program, std::string_view token) {
-  const Task* task = findTask(token);
+  const Task* task = FindTask(token);
   if (task == nullptr) return unknownTask;
   const bool older = !task->olderLabel.empty() && !gotoForAllMessages.IsOpen(program.server);
   return older ? task->olderLabel : task->label;

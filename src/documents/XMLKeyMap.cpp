@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view sectionClosing = "     </Mappings>\r\n</KeyMapping>\r\n";
 
 /// The spacing of this line is irregular, and the card tool's stored documents have it so.
-std::string rootOpening(const frmMain& form) {
+std::string RootOpening(const frmMain& form) {
   const VersionInfo& version = form.program.server.currentVersion;
   return "<ConversationKeyMap conversationName = \"Dialwright " +
          std::to_string(SelectedSlot(form)) + "\" product= \"" +
@@ -25,18 +25,18 @@ std::string rootOpening(const frmMain& form) {
          version.strVersion + "\">\r\n";
 }
 
-std::string sectionOpening(std::string_view name) {
+std::string SectionOpening(std::string_view name) {
   return "<KeyMapping>\r\n     <MenuName>" + std::string(name) +
          "</MenuName>\r\n     <Mappings>\r\n";
 }
 
-std::string mapping(std::string_view keys, std::string_view task) {
+std::string Mapping(std::string_view keys, std::string_view task) {
   return "          <Mapping>\r\n               <Keys>" + std::string(keys) +
          "</Keys>\r\n               <Task>" + std::string(task) +
          "</Task>\r\n          </Mapping>\r\n";
 }
 
-void append(frmMain& form, std::string_view text) {
+void Append(frmMain& form, std::string_view text) {
   const auto document = form.program.files.OpenTextFile(form.strXMLKeyMapFile, IOMode::appending,
                                                         false, TextFormat::systemDefault);
   document->Write(text);
@@ -44,18 +44,18 @@ void append(frmMain& form, std::string_view text) {
 }
 
 /// Appends to a document that is there; a failure is reported under the procedure's name.
-void appendIfThere(frmMain& form, std::string_view procedure, std::string_view text) {
+void AppendIfThere(frmMain& form, std::string_view procedure, std::string_view text) {
   const FailureTrap step{form.program, FailurePrefix::fixed, procedure};
-  if (form.program.files.FileExists(form.strXMLKeyMapFile)) step([&] { append(form, text); });
+  if (form.program.files.FileExists(form.strXMLKeyMapFile)) step([&] { Append(form, text); });
 }
 
-void writeRow(frmMain& form, std::string_view text) {
+void WriteRow(frmMain& form, std::string_view text) {
   if (form.program.files.FileExists(form.strXMLKeyMapFile)) {
-    append(form, text);
+    Append(form, text);
     return;
   }
   const auto document = form.program.files.CreateTextFile(form.strXMLKeyMapFile, true, false);
-  document->Write(rootOpening(form) + std::string(text));
+  document->Write(RootOpening(form) + std::string(text));
   document->Close();
 }
 
@@ -69,23 +69,23 @@ void ConstructKeyDocument(frmMain& form, std::string_view token, std::string_vie
   const std::string unquoted = ReplaceAll(keys, "\"", "");
   const std::string_view bareKeys = Trim(unquoted);
   step([&] {
-    std::string text = firstRow ? sectionOpening(sectionName) : std::string();
-    if (!bareKeys.empty()) text += mapping(bareKeys, Trim(TaskLabel(program, UpperCase(token))));
-    writeRow(form, text);
+    std::string text = firstRow ? SectionOpening(sectionName) : std::string();
+    if (!bareKeys.empty()) text += Mapping(bareKeys, Trim(TaskLabel(program, UpperCase(token))));
+    WriteRow(form, text);
   });
   if (form.chkGenerateHelp.Value() != 0) step([&] { FillPlaceholder(form, token, bareKeys); });
 }
 
 void FinishXMLMappingSection(frmMain& form) {
-  appendIfThere(form, "FinishXMLMappingSection", sectionClosing);
+  AppendIfThere(form, "FinishXMLMappingSection", sectionClosing);
 }
 
 void AddEmptySection(frmMain& form, std::string_view sectionName) {
-  appendIfThere(form, "AddEmptySection", sectionOpening(sectionName) + std::string(sectionClosing));
+  AppendIfThere(form, "AddEmptySection", SectionOpening(sectionName) + std::string(sectionClosing));
 }
 
 void FinishXMLDocument(frmMain& form) {
-  appendIfThere(form, "FinishXMLDocument", "</ConversationKeyMap>\r\n");
+  AppendIfThere(form, "FinishXMLDocument", "</ConversationKeyMap>\r\n");
 }
 
 }  // namespace dialwright

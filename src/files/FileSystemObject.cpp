@@ -70,7 +70,7 @@ class WritingStream : public TextStream {
  public:
   WritingStream(std::unique_ptr<OutputFile> opened, bool inUnicode, bool atStart)
       : file(std::move(opened)), unicode(inUnicode) {
-    if (unicode && atStart) file->write(utf16Mark);
+    if (unicode && atStart) file->Write(utf16Mark);
   }
 
   bool AtEndOfStream() const override { throw RuntimeFailure(Failure::badFileMode); }
@@ -79,14 +79,14 @@ class WritingStream : public TextStream {
 
   void Write(std::string_view text) override {
     if (!file) throw RuntimeFailure(Failure::badFileName);
-    file->write(unicode ? Utf8ToUtf16(text) : Utf8ToAnsi(text));
+    file->Write(unicode ? Utf8ToUtf16(text) : Utf8ToAnsi(text));
   }
   void WriteLine(std::string_view text) override { Write(std::string(text) + "\r\n"); }
 
   void Close() override {
     if (!file) return;
     const std::unique_ptr<OutputFile> closing = std::move(file);
-    closing->close();
+    closing->Close();
   }
 
  private:
@@ -97,40 +97,40 @@ class WritingStream : public TextStream {
 }  // namespace
 
 bool FileSystemObject::FileExists(std::string_view path) {
-  return store.kind(path) == FileStore::Kind::file;
+  return store.KindOf(path) == FileStore::Kind::file;
 }
 
 bool FileSystemObject::FolderExists(std::string_view path) {
-  return store.kind(path) == FileStore::Kind::folder;
+  return store.KindOf(path) == FileStore::Kind::folder;
 }
 
-void FileSystemObject::CreateFolder(std::string_view path) { store.createFolder(path); }
+void FileSystemObject::CreateFolder(std::string_view path) { store.CreateFolder(path); }
 
 void FileSystemObject::CopyFile(std::string_view from, std::string_view to, bool overwrite) {
-  store.copy(from, to, overwrite);
+  store.Copy(from, to, overwrite);
 }
 
-void FileSystemObject::DeleteFile(std::string_view path, bool force) { store.remove(path, force); }
+void FileSystemObject::DeleteFile(std::string_view path, bool force) { store.Remove(path, force); }
 
 std::vector<std::string> FileSystemObject::FileNames(std::string_view folder) {
-  return store.fileNames(folder);
+  return store.FileNames(folder);
 }
 
 std::unique_ptr<TextStream> FileSystemObject::OpenTextFile(std::string_view path, IOMode mode,
                                                            bool create, TextFormat format) {
   const bool unicode = format == TextFormat::unicode;
   if (mode == IOMode::reading) {
-    if (create && store.kind(path) == FileStore::Kind::none) {
-      store.open(path, FileStore::Opening::append, true)->close();
+    if (create && store.KindOf(path) == FileStore::Kind::none) {
+      store.Open(path, FileStore::Opening::append, true)->Close();
     }
-    return std::make_unique<ReadingStream>(store.read(path), format);
+    return std::make_unique<ReadingStream>(store.Read(path), format);
   }
   const auto opening =
       mode == IOMode::appending ? FileStore::Opening::append : FileStore::Opening::truncate;
-  std::unique_ptr<OutputFile> file = store.open(path, opening, create);
+  std::unique_ptr<OutputFile> file = store.Open(path, opening, create);
   bool atStart = opening == FileStore::Opening::truncate;
   if (unicode && !atStart) {
-    const std::optional<FileStamp> stamp = store.stamp(path);
+    const std::optional<FileStamp> stamp = store.Stamp(path);
     atStart = stamp && stamp->size == 0;
   }
   return std::make_unique<WritingStream>(std::move(file), unicode, atStart);
@@ -138,10 +138,10 @@ std::unique_ptr<TextStream> FileSystemObject::OpenTextFile(std::string_view path
 
 std::unique_ptr<TextStream> FileSystemObject::CreateTextFile(std::string_view path, bool overwrite,
                                                              bool unicode) {
-  if (!overwrite && store.kind(path) != FileStore::Kind::none) {
+  if (!overwrite && store.KindOf(path) != FileStore::Kind::none) {
     throw RuntimeFailure(Failure::fileAlreadyExists);
   }
-  return std::make_unique<WritingStream>(store.open(path, FileStore::Opening::truncate, true),
+  return std::make_unique<WritingStream>(store.Open(path, FileStore::Opening::truncate, true),
                                          unicode, true);
 }
 

@@ -46,7 +46,7 @@ std::string PrivateProfile::GetPrivateProfileStringA(std::string_view section, s
                                                      std::string_view path) {
   const File& file = Current(path);
   const std::optional<std::string_view> value =
-      file.text ? file.text->value(Utf8ToAnsi(section), Utf8ToAnsi(key)) : std::nullopt;
+      file.text ? file.text->Value(Utf8ToAnsi(section), Utf8ToAnsi(key)) : std::nullopt;
   if (!value) return AnsiToUtf8(Cut(Utf8ToAnsi(defaultText), size));
   return AnsiToUtf8(Cut(WithoutDecoration(*value), size));
 }
@@ -56,7 +56,7 @@ bool PrivateProfile::WritePrivateProfileStringA(std::string_view section, std::s
   File& file = Current(path);
   if (!file.text) return false;
   Write write{Utf8ToAnsi(section), Utf8ToAnsi(key), Utf8ToAnsi(value)};
-  if (!file.text->set(write.section, write.key, write.value)) return false;
+  if (!file.text->Set(write.section, write.key, write.value)) return false;
   file.batched.push_back(std::move(write));
   return file.batches > 0 || Flush(path, file);
 }
@@ -84,7 +84,7 @@ PrivateProfile::File& PrivateProfile::FileAt(std::string_view path) {
 PrivateProfile::File& PrivateProfile::Current(std::string_view path) {
   File& file = FileAt(path);
   if (file.text && file.batches > 0) return file;
-  const std::optional<FileStamp> stamp = store.stamp(path);
+  const std::optional<FileStamp> stamp = store.Stamp(path);
   if (file.text && stamp == file.stamp) return file;
   Read(path, stamp, file);
   return file;
@@ -97,7 +97,7 @@ void PrivateProfile::Read(std::string_view path, const std::optional<FileStamp>&
   file.stamp = stamp;
   if (!stamp) return;
   try {
-    file.text = std::make_unique<ProfileText>(store.read(path));
+    file.text = std::make_unique<ProfileText>(store.Read(path));
   } catch (const RuntimeFailure&) {
     // What cannot be read has no keys, until it can.
   }
@@ -107,17 +107,17 @@ void PrivateProfile::Read(std::string_view path, const std::optional<FileStamp>&
 // this.
 bool PrivateProfile::Flush(std::string_view path, File& file) {
   const std::vector<Write> writes = std::exchange(file.batched, {});
-  if (!file.text || !file.text->changed()) return true;
+  if (!file.text || !file.text->Changed()) return true;
   // Somebody else has been at the file since it was read: the writes go into what it holds now.
-  const std::optional<FileStamp> stamp = store.stamp(path);
+  const std::optional<FileStamp> stamp = store.Stamp(path);
   if (stamp != file.stamp) {
     Read(path, stamp, file);
     if (!file.text) return false;
-    for (const Write& write : writes) file.text->set(write.section, write.key, write.value);
+    for (const Write& write : writes) file.text->Set(write.section, write.key, write.value);
   }
   const std::unique_ptr<ProfileText> text = std::exchange(file.text, nullptr);
   try {
-    if (text->changed()) store.replace(path, text->text());
+    if (text->Changed()) store.Replace(path, text->Text());
     return true;
   } catch (const RuntimeFailure&) {
     return false;

@@ -36,18 +36,18 @@ std::size_t LineStart(std::string_view text, std::size_t from, std::size_t at) {
 ProfileIndex::ProfileIndex(std::string_view text, const SectionLines& section)
     : all(text.substr(0, section.end)), next(section.begin), slots(1024) {}
 
-std::optional<std::size_t> ProfileIndex::find(std::string_view key) {
+std::optional<std::size_t> ProfileIndex::Find(std::string_view key) {
   const std::uint32_t hash = HashWithoutCase(key);
   for (;;) {
-    const Slot& slot = slots[placeOf(key, hash)];
+    const Slot& slot = slots[PlaceOf(key, hash)];
     if (slot.equals != 0) return slot.equals + 1;
     if (next == all.size()) return std::nullopt;
-    readOn();
+    ReadOn();
   }
 }
 
 // Some more lines, enough of them for a search in between to cost little.
-void ProfileIndex::readOn() {
+void ProfileIndex::ReadOn() {
   constexpr std::size_t portion = 4096;
   const std::size_t stop = next + portion;
   while (next < stop) {
@@ -59,7 +59,7 @@ void ProfileIndex::readOn() {
     const std::size_t start = LineStart(all, next, equals);
     const std::string_view key = TrimBlanksAndTabs(all.substr(start, equals - start));
     if (!key.empty() && key.size() <= UINT32_MAX) {
-      add({static_cast<std::size_t>(key.data() - all.data()), equals,
+      Add({static_cast<std::size_t>(key.data() - all.data()), equals,
            static_cast<std::uint32_t>(key.size()), HashWithoutCase(key)});
     }
     next = LineEnd(all, equals);
@@ -67,24 +67,24 @@ void ProfileIndex::readOn() {
 }
 
 // The key's slot, or the empty one that it would take.
-std::size_t ProfileIndex::placeOf(std::string_view key, std::uint32_t hash) const {
+std::size_t ProfileIndex::PlaceOf(std::string_view key, std::uint32_t hash) const {
   const std::size_t mask = slots.size() - 1;
   std::size_t at = hash & mask;
   while (slots[at].equals != 0 &&
-         !(slots[at].hash == hash && EqualsIgnoringCase(keyOf(slots[at]), key))) {
+         !(slots[at].hash == hash && EqualsIgnoringCase(KeyOf(slots[at]), key))) {
     at = (at + 1) & mask;
   }
   return at;
 }
 
-void ProfileIndex::add(const Slot& slot) {
-  Slot& place = slots[placeOf(keyOf(slot), slot.hash)];
+void ProfileIndex::Add(const Slot& slot) {
+  Slot& place = slots[PlaceOf(KeyOf(slot), slot.hash)];
   if (place.equals != 0) return;
   place = slot;
-  if (++count * 2 > slots.size()) grow();
+  if (++count * 2 > slots.size()) Grow();
 }
 
-void ProfileIndex::grow() {
+void ProfileIndex::Grow() {
   std::vector<Slot> old(slots.size() * 4);
   std::swap(old, slots);
   const std::size_t mask = slots.size() - 1;

@@ -20,7 +20,7 @@ class ProfileIndex {
   ProfileIndex(std::string_view text, const SectionLines& section);
 
   /// Where the value of a key (its name without blanks around it) begins, behind the equals sign.
-  std::optional<std::size_t> find(std::string_view key);
+  std::optional<std::size_t> Find(std::string_view key);
 
  private:
   struct Slot {
@@ -30,11 +30,11 @@ class ProfileIndex {
     std::uint32_t hash = 0;
   };
 
-  std::string_view keyOf(const Slot& slot) const { return all.substr(slot.key, slot.length); }
-  std::size_t placeOf(std::string_view key, std::uint32_t hash) const;
-  void add(const Slot& slot);
-  void grow();
-  void readOn();
+  std::string_view KeyOf(const Slot& slot) const { return all.substr(slot.key, slot.length); }
+  std::size_t PlaceOf(std::string_view key, std::uint32_t hash) const;
+  void Add(const Slot& slot);
+  void Grow();
+  void ReadOn();
 
   std::string_view all;  // up to the section's end
   std::size_t next;      // where the part begins that is not in the table yet

@@ -46,13 +46,13 @@ bool EndsLine(std::string_view text) {
 ProfileText::ProfileText(std::string fileBytes)
     : bytes(std::move(fileBytes)), understood(!IsUtf16(bytes)) {}
 
-std::optional<std::string_view> ProfileText::value(std::string_view sectionName,
+std::optional<std::string_view> ProfileText::Value(std::string_view sectionName,
                                                    std::string_view keyName) {
   if (!understood) return std::nullopt;
   const std::string_view key = TrimBlanksAndTabs(keyName);
-  Section& section = find(sectionName);
+  Section& section = Find(sectionName);
   if (section.index) {
-    if (const std::optional<std::size_t> at = section.index->find(key)) return valueAt(*at);
+    if (const std::optional<std::size_t> at = section.index->Find(key)) return ValueAt(*at);
   }
   for (const auto& [name, value] : section.added) {
     if (EqualsIgnoringCase(name, key)) return value;
@@ -60,15 +60,15 @@ std::optional<std::string_view> ProfileText::value(std::string_view sectionName,
   return std::nullopt;
 }
 
-bool ProfileText::set(std::string_view sectionName, std::string_view keyName,
+bool ProfileText::Set(std::string_view sectionName, std::string_view keyName,
                       std::string_view value) {
   const std::string_view key = TrimBlanksAndTabs(keyName);
   if (!understood || !IsSectionName(sectionName) || !IsKeyName(key)) return false;
-  if (this->value(sectionName, key) == value) return true;
+  if (this->Value(sectionName, key) == value) return true;
 
-  Section& section = find(sectionName);
+  Section& section = Find(sectionName);
   const std::optional<std::size_t> at =
-      section.index ? section.index->find(key) : std::optional<std::size_t>();
+      section.index ? section.index->Find(key) : std::optional<std::size_t>();
   const auto sameKey = [&](const auto& line) { return EqualsIgnoringCase(line.first, key); };
   const auto added = std::find_if(section.added.begin(), section.added.end(), sameKey);
   if (at) {
@@ -82,16 +82,16 @@ bool ProfileText::set(std::string_view sectionName, std::string_view keyName,
   differs = true;
   pending = true;
   // Such a value is more than one line, and what those are is only known once they stand there.
-  if (HasLineEnd(value)) merge();
+  if (HasLineEnd(value)) Merge();
   return true;
 }
 
-const std::string& ProfileText::text() {
-  merge();
+const std::string& ProfileText::Text() {
+  Merge();
   return bytes;
 }
 
-ProfileText::Section& ProfileText::find(std::string_view name) {
+ProfileText::Section& ProfileText::Find(std::string_view name) {
   std::string folded = LowerCase(name);
   const auto known = sections.find(folded);
   if (known != sections.end()) return known->second;
@@ -101,13 +101,13 @@ ProfileText::Section& ProfileText::find(std::string_view name) {
   return section;
 }
 
-std::string_view ProfileText::valueAt(std::size_t begin) const {
+std::string_view ProfileText::ValueAt(std::size_t begin) const {
   const auto changed = values.find(begin);
   if (changed != values.end()) return changed->second;
   return std::string_view(bytes).substr(begin, LineEnd(bytes, begin) - begin);
 }
 
-void ProfileText::merge() {
+void ProfileText::Merge() {
   if (!pending) return;
   const std::string lineEnd(UsualLineEnd(bytes));
   std::vector<Edit> edits;

@@ -26,20 +26,20 @@ class ProfileText {
 
   /// What stands behind the key's equals sign, up to the line's end; nothing where there is no such
   /// key. Valid until the next change.
-  std::optional<std::string_view> value(std::string_view section, std::string_view key);
+  std::optional<std::string_view> Value(std::string_view section, std::string_view key);
 
   /// Puts a value in the place of the one that is there. A missing key goes behind the last line of
   /// its section that is not blank, a missing section to the end of the text. New lines end as the
   /// text's first line does (see UsualLineEnd); a last line without an end gets one before anything
   /// is put behind it. Returns false, and changes nothing, for names that no line could hold so
   /// that they are found again.
-  bool set(std::string_view section, std::string_view key, std::string_view value);
+  bool Set(std::string_view section, std::string_view key, std::string_view value);
 
   /// Whether the text differs from the bytes that it was made of.
-  bool changed() const { return differs; }
+  bool Changed() const { return differs; }
 
   /// The text with all changes.
-  const std::string& text();
+  const std::string& Text();
 
  private:
   struct Section {
@@ -48,9 +48,9 @@ class ProfileText {
     std::vector<std::pair<std::string, std::string>> added;  // keys and values, in their order
   };
 
-  Section& find(std::string_view name);
-  std::string_view valueAt(std::size_t begin) const;
-  void merge();
+  Section& Find(std::string_view name);
+  std::string_view ValueAt(std::size_t begin) const;
+  void Merge();
 
   std::string bytes;
   bool understood;

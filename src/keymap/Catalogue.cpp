@@ -14,7 +14,7 @@ constexpr int unknownToken = 1063;
 /// The help of the after message menu has a description, but no row.
 constexpr Action afterMessageHelp{"MSGMENU_HELP", 0, 0, {}, false, OrderSource::none, {1108}};
 
-std::string compose(Program& program, const Description& description) {
+std::string Compose(Program& program, const Description& description) {
   const bool older = !gotoForAllMessages.IsOpen(program.server);
   const bool olderText = older && description.olderText != 0;
   std::string text = program.mymyLoadString(olderText ? description.olderText : description.text);
@@ -23,7 +23,7 @@ std::string compose(Program& program, const Description& description) {
   return text;
 }
 
-const Action* findDescribed(std::string_view token) {
+const Action* FindDescribed(std::string_view token) {
   for (const PlaybackSection& section : PlaybackSections())
     if (const Action* action = FindAction(PlaybackActions(), token, section.prefix)) return action;
   for (const auto& actions : {MainMenuActions(), AfterMessageActions(), GlobalActions(),
@@ -44,7 +44,7 @@ std::string ActionLabel(Program& program, const Action& action) {
 }
 
 std::string FetchDescription(Program& program, std::string_view token) {
-  if (const Action* action = findDescribed(token)) return compose(program, action->description);
+  if (const Action* action = FindDescribed(token)) return Compose(program, action->description);
   return program.mymyLoadString(unknownToken) + std::string(token);
 }
 

@@ -7,11 +7,11 @@ namespace {
 using enum OrderSource;
 using enum NoteWhen;
 
-constexpr Gate v42_38{4, 2, 0, 38};
-constexpr Gate v43_13{4, 3, 0, 13};
-constexpr Gate v50_1{5, 0, 0, 1};
-constexpr Gate v50_30{5, 0, 0, 30};
-constexpr Gate v70_1{7, 0, 0, 1};
+constexpr Gate v4238{4, 2, 0, 38};
+constexpr Gate v4313{4, 3, 0, 13};
+constexpr Gate v501{5, 0, 0, 1};
+constexpr Gate v5030{5, 0, 0, 30};
+constexpr Gate v701{7, 0, 0, 1};
 
 // name, label, older label, gate, not on Domino, order, description
 // clang-format off
@@ -25,10 +25,10 @@ constexpr Action mainMenu[] = {
     {"MENU_HELP", 1061, 0, {}, false, key, {1104}},
     {"MENU_REPEAT", 1110, 0, {}, false, fixed, {1105}},
     {"MENU_EXIT", 1037, 0, {}, false, key, {1041}},
-    {"MENU_DISABLE_TOUCH_OR_SAY", 1206, 0, v43_13, false, key, {1210}},
-    {"MENU_SUBSCRIBER_SYSTEM_TRANSFER", 1207, 0, v43_13, false, key, {1211}},
-    {"MENU_GREETINGS_ADMINISTRATOR", 1208, 0, v43_13, false, key, {1212}},
-    {"MENU_BROADCAST_MESSAGE_ADMIN", 1209, 0, v43_13, false, key, {1213}},
+    {"MENU_DISABLE_TOUCH_OR_SAY", 1206, 0, v4313, false, key, {1210}},
+    {"MENU_SUBSCRIBER_SYSTEM_TRANSFER", 1207, 0, v4313, false, key, {1211}},
+    {"MENU_GREETINGS_ADMINISTRATOR", 1208, 0, v4313, false, key, {1212}},
+    {"MENU_BROADCAST_MESSAGE_ADMIN", 1209, 0, v4313, false, key, {1213}},
     {"MENU_FOLLOW_ME_HERE", 1221, 0, {}, false, key, {1225}},
     {"MENU_FOLLOW_ME_HOME", 1222, 0, {}, false, key, {1226}},
     {"MENU_FOLLOW_ME_MOBILE", 1223, 0, {}, false, key, {1227}},
@@ -42,7 +42,7 @@ constexpr Action playback[] = {
     {"INCREASE_VOLUME", 1079, 0, {}, false, none, {1050, 1094, always}},
     {"SLOWDOWN", 1135, 0, {}, false, none, {1136, 1092, olderServer}},
     {"SPEEDUP", 1044, 0, {}, false, none, {1137, 1092, olderServer}},
-    {"SPEED_NORMAL", 1217, 0, v50_30, false, none, {1216}},
+    {"SPEED_NORMAL", 1217, 0, v5030, false, none, {1216}},
     {"REWIND", 1119, 0, {}, false, none, {1072}},
     {"PAUSE", 1101, 0, {}, false, none, {1102, 1092, always}},
     {"FORWARD", 1045, 0, {}, false, none, {1073}},
@@ -66,11 +66,11 @@ constexpr Action playback[] = {
     {"OPERATOR", 1057, 0, {}, false, none, {1144}},
     {"FF_TO_END", 1042, 0, {}, false, none, {1005}},
     {"FF_TO_START", 1043, 0, {}, false, none, {1006}},
-    {"GOTO_FIRST", 1185, 0, v42_38, false, none, {1180}},
-    {"GOTO_LAST", 1184, 0, v42_38, false, none, {1181}},
-    {"TOGGLE_URGENCY", 1183, 0, v42_38, false, none, {1182}},
-    {"TRANSCRIBE_MESSAGE", 1220, 0, v50_1, false, none, {1219}},
-    {"FORWARD_MSG_NO_INTROS", 1236, 0, v70_1, true, none, {1237}},
+    {"GOTO_FIRST", 1185, 0, v4238, false, none, {1180}},
+    {"GOTO_LAST", 1184, 0, v4238, false, none, {1181}},
+    {"TOGGLE_URGENCY", 1183, 0, v4238, false, none, {1182}},
+    {"TRANSCRIBE_MESSAGE", 1220, 0, v501, false, none, {1219}},
+    {"FORWARD_MSG_NO_INTROS", 1236, 0, v701, true, none, {1237}},
 };
 
 constexpr Action afterMessage[] = {
@@ -91,12 +91,12 @@ constexpr Action afterMessage[] = {
     {"MSGMENU_GOTO_JUMPFORWARD", 1188, 1059, {}, false, fixed, {1191, 1097, olderServer, 1048}},
     {"MSGMENU_NEXT", 1123, 0, {}, false, key, {1134}},
     {"MSGMENU_EXIT", 1039, 0, {}, false, key, {1040}},
-    {"MSGMENU_GOTO_FIRST", 1185, 0, v42_38, false, key, {1180}},
-    {"MSGMENU_GOTO_LAST", 1184, 0, v42_38, false, key, {1181}},
-    {"MSGMENU_TOGGLE_URGENCY", 1183, 0, v42_38, false, key, {1182}},
-    {"MSGMENU_INSTANT_MESSAGE", 1192, 0, v42_38, false, key, {1193}},
-    {"MSGMENU_TRANSCRIBE", 1220, 0, v50_1, false, key, {1219}},
-    {"MSGMENU_FORWARD_MSG_NO_INTROS", 1236, 0, v70_1, true, key, {1237}},
+    {"MSGMENU_GOTO_FIRST", 1185, 0, v4238, false, key, {1180}},
+    {"MSGMENU_GOTO_LAST", 1184, 0, v4238, false, key, {1181}},
+    {"MSGMENU_TOGGLE_URGENCY", 1183, 0, v4238, false, key, {1182}},
+    {"MSGMENU_INSTANT_MESSAGE", 1192, 0, v4238, false, key, {1193}},
+    {"MSGMENU_TRANSCRIBE", 1220, 0, v501, false, key, {1219}},
+    {"MSGMENU_FORWARD_MSG_NO_INTROS", 1236, 0, v701, true, key, {1237}},
 };
 
 constexpr Action globals[] = {

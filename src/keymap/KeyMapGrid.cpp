@@ -12,9 +12,9 @@ namespace {
 
 constexpr int orderStep = 10;
 
-bool isVoicedMenu(int grid) { return grid == 0 || grid == 4 || grid == 5; }
+bool IsVoicedMenu(int grid) { return grid == 0 || grid == 4 || grid == 5; }
 
-void renumber(KeyGrid& grid) {
+void Renumber(KeyGrid& grid) {
   int number = orderStep;
   for (int row = 1; row < grid.Rows(); ++row) {
     if (grid.Text(row, Column::Order) == notVoiced) continue;
@@ -38,13 +38,13 @@ void AddKeyToGrid(frmMain& form, int grid, std::string_view key, std::string_vie
 }
 
 void SortGrid(frmMain& form, int Index) {
-  if (!isVoicedMenu(Index)) return;
+  if (!IsVoicedMenu(Index)) return;
   KeyGrid& grid = At(form.gridKeyMap, Index);
   grid.SetRedraw(Redraw::none);
   if (!grid.HasRowInHand()) grid.SetRow(1);
   if (grid.HasRowInHand()) {
     const std::string selected = grid.Text(grid.Row(), Column::ActionToken);
-    renumber(grid);
+    Renumber(grid);
     grid.SortGeneric(Column::Order);
     grid.Refresh();
     for (int row = 1; row < grid.Rows(); ++row) {
@@ -63,7 +63,7 @@ void BeginFilling(frmMain& form, int Index) {
 
 void EndFilling(frmMain& form, int Index) {
   KeyGrid& grid = At(form.gridKeyMap, Index);
-  if (isVoicedMenu(Index)) {
+  if (IsVoicedMenu(Index)) {
     grid.SortGeneric(Column::Order);
     grid.Refresh();
     SortGrid(form, Index);

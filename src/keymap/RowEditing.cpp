@@ -22,15 +22,15 @@ constexpr int shortKey = 1;
 constexpr int singleMapKey = 2;
 constexpr int severalMapsKey = 3;
 
-bool hasAction(const KeyGrid& grid, int row) {
+bool HasAction(const KeyGrid& grid, int row) {
   return row > 0 && row < grid.Rows() && !Trim(grid.Text(row, Column::Action)).empty();
 }
 
-void applyKeyLengthLimit(frmMain& form, int Index, std::string_view token) {
+void ApplyKeyLengthLimit(frmMain& form, int Index, std::string_view token) {
   At(form.txtKeyAssignment, Index).MaxLength = KeyLengthLimit(token, form.bSingleKeyMap != false16);
 }
 
-void moveRow(frmMain& form, int Index, int step) {
+void MoveRow(frmMain& form, int Index, int step) {
   form.cmdSave.Enabled = true;
   KeyGrid& grid = At(form.gridKeyMap, Index);
   const int row = grid.Row();
@@ -64,14 +64,14 @@ bool MyIsNumber(std::string_view text, double minimum, double maximum) {
 
 void gridKeyMap_BeforeRowColChange(frmMain& form, int Index, int, int, int NewRow, int, bool&) {
   const KeyGrid& grid = At(form.gridKeyMap, Index);
-  if (hasAction(grid, NewRow))
-    applyKeyLengthLimit(form, Index, grid.Text(NewRow, Column::ActionToken));
+  if (HasAction(grid, NewRow))
+    ApplyKeyLengthLimit(form, Index, grid.Text(NewRow, Column::ActionToken));
 }
 
 void gridKeyMap_AfterRowColChange(frmMain& form, int Index, int, int, int NewRow, int) {
   if (Index < 0) return;
   const KeyGrid& grid = At(form.gridKeyMap, Index);
-  if (grid.Rows() < 2 || !hasAction(grid, NewRow)) return;
+  if (grid.Rows() < 2 || !HasAction(grid, NewRow)) return;
   EditBox& box = At(form.txtKeyAssignment, Index);
   CheckBox& dontVoice = At(form.chkDontVoiceAction, Index);
   SpinButton& order = At(form.UpDownMenuOrder, Index);
@@ -83,7 +83,7 @@ void gridKeyMap_AfterRowColChange(frmMain& form, int Index, int, int, int NewRow
   if (!canBeVoiced) dontVoice.SetValue(1);
   dontVoice.Enabled = canBeVoiced;
   order.Enabled = canBeVoiced;
-  applyKeyLengthLimit(form, Index, token);
+  ApplyKeyLengthLimit(form, Index, token);
 
   // The check box above may have sorted the grid: the row is where the grid has it now.
   const bool voiced = grid.Text(grid.Row(), Column::Order) != notVoiced;
@@ -132,8 +132,8 @@ void chkDontVoiceAction_Click(frmMain& form, int Index) {
   SortGrid(form, Index);
 }
 
-void UpDownMenuOrder_DownClick(frmMain& form, int Index) { moveRow(form, Index, +1); }
+void UpDownMenuOrder_DownClick(frmMain& form, int Index) { MoveRow(form, Index, +1); }
 
-void UpDownMenuOrder_UpClick(frmMain& form, int Index) { moveRow(form, Index, -1); }
+void UpDownMenuOrder_UpClick(frmMain& form, int Index) { MoveRow(form, Index, -1); }
 
 }  // namespace dialwright

@@ -9,25 +9,25 @@ namespace {
 #define ENTRY(number, text) {number, text},
 // The rows ascend.
 // clang-format off
-constexpr EnglishStringRow kRows[] = {
+constexpr EnglishStringRow rows[] = {
 #include "language/FormStrings.inc"
 #include "language/BesideStrings.inc"
 };
 // clang-format on
 #undef ENTRY
 
-static_assert(std::ranges::adjacent_find(kRows, std::ranges::greater_equal{},
-                                         &EnglishStringRow::number) == std::ranges::end(kRows),
+static_assert(std::ranges::adjacent_find(rows, std::ranges::greater_equal{},
+                                         &EnglishStringRow::number) == std::ranges::end(rows),
               "the look-up is a binary search");
 
 }  // namespace
 
 std::optional<std::string_view> EnglishString(int number) {
-  const auto* row = std::ranges::lower_bound(kRows, number, {}, &EnglishStringRow::number);
-  if (row == std::ranges::end(kRows) || row->number != number) return std::nullopt;
+  const auto* row = std::ranges::lower_bound(rows, number, {}, &EnglishStringRow::number);
+  if (row == std::ranges::end(rows) || row->number != number) return std::nullopt;
   return row->text;
 }
 
-std::span<const EnglishStringRow> EnglishStrings() { return kRows; }
+std::span<const EnglishStringRow> EnglishStrings() { return rows; }
 
 }  // namespace dialwright

@@ -9,7 +9,7 @@ namespace dialwright {
 
 namespace {
 
-std::string opening(Messages& messages, FailurePrefix prefix) {
+std::string Opening(Messages& messages, FailurePrefix prefix) {
   switch (prefix) {
     case FailurePrefix::localized:
       return messages.mymyLoadString(1035);
@@ -34,7 +34,7 @@ bool FailureTrap::operator()(const std::function<void()>& statement) const {
     statement();
     return true;
   } catch (const RuntimeFailure& failure) {
-    messages.MsgBox(opening(messages, prefix) + std::to_string(failure.number) + " (" +
+    messages.MsgBox(Opening(messages, prefix) + std::to_string(failure.number) + " (" +
                     failure.description + ") in procedure " + std::string(procedure) + " of " +
                     std::string(place));
     return false;

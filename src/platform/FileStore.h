@@ -24,9 +24,9 @@ class OutputFile {
  public:
   virtual ~OutputFile() = default;
   /// Throws RuntimeFailure; some of the bytes may then stand in the file.
-  virtual void write(std::string_view bytes) = 0;
+  virtual void Write(std::string_view bytes) = 0;
   /// Throws RuntimeFailure when what was written could not be kept.
-  virtual void close() = 0;
+  virtual void Close() = 0;
 };
 
 /// The operating system's files, as bytes. Paths are the system's own, in UTF-8, with backslashes
@@ -39,25 +39,25 @@ class FileStore {
   virtual ~FileStore() = default;
 
   /// What stands at the path. Never fails: what cannot be looked at is not there.
-  virtual Kind kind(std::string_view path) = 0;
+  virtual Kind KindOf(std::string_view path) = 0;
   /// The present state of a file; nothing where there is no file. Never fails.
-  virtual std::optional<FileStamp> stamp(std::string_view path) = 0;
+  virtual std::optional<FileStamp> Stamp(std::string_view path) = 0;
   /// The names of the files (not folders) in a folder, in the order of their names without case.
-  virtual std::vector<std::string> fileNames(std::string_view folder) = 0;
+  virtual std::vector<std::string> FileNames(std::string_view folder) = 0;
 
   /// The whole file.
-  virtual std::string read(std::string_view path) = 0;
+  virtual std::string Read(std::string_view path) = 0;
   /// Opens a file for writing, in place; makes it if it is not there and `create` is set.
-  virtual std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) = 0;
+  virtual std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) = 0;
   /// Gives an existing file new contents in one step: whatever fails, the file holds either the old
   /// bytes or the new ones, with its permissions and owner. A link is followed to its target.
-  virtual void replace(std::string_view path, std::string_view bytes) = 0;
+  virtual void Replace(std::string_view path, std::string_view bytes) = 0;
   /// Copies the bytes. Fails with 58 if the target is there and `overwrite` is not set.
-  virtual void copy(std::string_view from, std::string_view to, bool overwrite) = 0;
+  virtual void Copy(std::string_view from, std::string_view to, bool overwrite) = 0;
   /// Removes a file; a read-only one too if `force` is set.
-  virtual void remove(std::string_view path, bool force) = 0;
+  virtual void Remove(std::string_view path, bool force) = 0;
   /// Makes one folder. Fails with 58 if something is there, with 76 if its parent is not.
-  virtual void createFolder(std::string_view path) = 0;
+  virtual void CreateFolder(std::string_view path) = 0;
 };
 
 }  // namespace dialwright

@@ -35,7 +35,7 @@ constexpr std::array<CrcTable, slices> tables = MakeTables();
 
 class Crc32 {
  public:
-  void add(std::string_view bytes) {
+  void Add(std::string_view bytes) {
     while (bytes.size() >= slices) {
       const std::uint32_t low = crc ^ Word(bytes, 0);
       const std::uint32_t high = Word(bytes, 4);
@@ -81,16 +81,16 @@ std::uint32_t CrcOfLines(std::string_view text) {
     const bool asWritten = ended && length > 0 && text[feed - 1] == '\r';
     const bool leftOut = IsChecksumLine(text.substr(start, length));
     if (leftOut || !asWritten) {
-      crc.add(text.substr(run, start - run));
+      crc.Add(text.substr(run, start - run));
       if (!leftOut) {
-        crc.add(text.substr(start, length));
-        crc.add(lineEnd);
+        crc.Add(text.substr(start, length));
+        crc.Add(lineEnd);
       }
       run = next;
     }
     start = next;
   }
-  crc.add(text.substr(run));
+  crc.Add(text.substr(run));
   return crc.value();
 }
 
@@ -100,7 +100,7 @@ class CrcChecksumComponent : public ScriptChecksumComponent {
 
   // The stamp is for components that guard against old requests; this one answers all.
   std::int32_t CalculateFileChecksum(std::int32_t, std::string_view path) override {
-    return scriptChecksum(store.read(path));
+    return ScriptChecksum(store.Read(path));
   }
 
  private:
@@ -109,7 +109,7 @@ class CrcChecksumComponent : public ScriptChecksumComponent {
 
 }  // namespace
 
-std::int32_t scriptChecksum(std::string_view bytes) {
+std::int32_t ScriptChecksum(std::string_view bytes) {
   constexpr std::string_view utf16Mark = "\xFF\xFE";
   const std::uint32_t crc =
       bytes.starts_with(utf16Mark)

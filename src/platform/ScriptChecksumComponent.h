@@ -39,6 +39,6 @@ class CrcChecksumFactory : public ScriptChecksumFactory {
 
 /// The checksum of a file's bytes, as above. A UTF-16 file (by its mark) is taken in ANSI, as which
 /// it is rewritten, so that the number fits the rewritten file.
-std::int32_t scriptChecksum(std::string_view bytes);
+std::int32_t ScriptChecksum(std::string_view bytes);
 
 }  // namespace dialwright

@@ -47,31 +47,31 @@ constexpr Preset presets[] = {
      1215, false},
 };
 
-std::string label(Program& program, std::span<const Action> actions, const PresetRow& row) {
+std::string Label(Program& program, std::span<const Action> actions, const PresetRow& row) {
   if (row.label != 0 && gotoForAllMessages.IsOpen(program.server))
     return program.mymyLoadString(row.label);
   const Action* action = FindAction(actions, row.name);
   return action != nullptr ? ActionLabel(program, *action) : std::string();
 }
 
-void fillGrid(frmMain& form, int grid, std::span<const PresetRow> rows,
+void FillGrid(frmMain& form, int grid, std::span<const PresetRow> rows,
               std::span<const Action> actions, std::string_view prefix = {}) {
   Program& program = form.program;
   BeginFilling(form, grid);
   for (const PresetRow& row : rows)
     if (row.gate.IsOpen(program.server))
-      AddKeyToGrid(form, grid, row.key, row.order, label(program, actions, row),
+      AddKeyToGrid(form, grid, row.key, row.order, Label(program, actions, row),
                    std::string(prefix) + std::string(row.name));
   EndFilling(form, grid);
 }
 
-void resetFromTables(frmMain& form) {
+void ResetFromTables(frmMain& form) {
   for (const PlaybackSection& section : PlaybackSections())
-    fillGrid(form, section.grid, StandardPlayback(), PlaybackActions(), section.prefix);
-  fillGrid(form, afterMessageGrid, StandardAfterMessage(), AfterMessageActions());
+    FillGrid(form, section.grid, StandardPlayback(), PlaybackActions(), section.prefix);
+  FillGrid(form, afterMessageGrid, StandardAfterMessage(), AfterMessageActions());
 }
 
-void resetFromScript(frmMain& form, const std::string& path) {
+void ResetFromScript(frmMain& form, const std::string& path) {
   LoadVCRKeyMapInfo(form, path);
   LoadAfterMessageKeyMapInfo(form, path);
 }
@@ -84,11 +84,11 @@ void SelectPreset(frmMain& form, const Preset& preset) {
   Program& program = form.program;
   if (program.MsgBox(preset.confirmation, MsgBoxButtons::YesNo) == MsgBoxAnswer::No) return;
   form.cmdSave.Enabled = true;
-  fillGrid(form, mainMenuGrid, preset.mainMenu(), MainMenuActions());
+  FillGrid(form, mainMenuGrid, preset.mainMenu(), MainMenuActions());
   if (preset.source == PresetSource::tables)
-    resetFromTables(form);
+    ResetFromTables(form);
   else
-    resetFromScript(form,
+    ResetFromScript(form,
                     (preset.source == PresetSource::scriptFolder ? program.server.strGetScriptPath()
                                                                  : program.folder) +
                         std::string(preset.stockScript));

@@ -20,12 +20,12 @@ namespace {
 constexpr std::array<std::string_view, 3> scriptNames{
     "Macros_MenuAlternate_Custom", "SubMsgPlay_Alternate_Custom", "SubSetupMenu_Alternate"};
 
-std::string backupFolder(const Program& program) { return program.folder + "\\Backup\\"; }
+std::string BackupFolder(const Program& program) { return program.folder + "\\Backup\\"; }
 
-std::string fileName(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+std::string FileName(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
 /// Both directions need the paths, and say so with the same texts.
-bool hasPaths(frmMain& form) {
+bool HasPaths(frmMain& form) {
   Program& program = form.program;
   const int missing = form.strMainMenuScript.empty()          ? 1099
                       : form.strMessagePlaybackScript.empty() ? 1100
@@ -34,43 +34,43 @@ bool hasPaths(frmMain& form) {
   return missing == 0;
 }
 
-bool isScript(std::string_view name) {
+bool IsScript(std::string_view name) {
   return std::ranges::any_of(
       scriptNames, [name](std::string_view part) { return ContainsIgnoringCase(name, part); });
 }
 
-void restore(Program& program, const std::string& name) {
+void Restore(Program& program, const std::string& name) {
   const std::string folder = program.server.strGetScriptPath();
   if (folder.empty()) throw RuntimeFailure(Failure::pathNotFound);
-  program.files.CopyFile(backupFolder(program) + name, folder + name, true);
+  program.files.CopyFile(BackupFolder(program) + name, folder + name, true);
 }
 
 }  // namespace
 
 void BackupScriptFiles(frmMain& form) {
-  if (!hasPaths(form)) return;
+  if (!HasPaths(form)) return;
   const FailureTrap step{form.program, FailurePrefix::localized, "BackupScriptFiles"};
   FileSystemObject& files = form.program.files;
-  const std::string folder = backupFolder(form.program);
+  const std::string folder = BackupFolder(form.program);
   if (!files.FolderExists(folder) && !step([&] { files.CreateFolder(folder); })) return;
   std::vector<std::string> scripts{form.strMainMenuScript, form.strMessagePlaybackScript};
   if (files.FileExists(form.strSetupMenuScript)) scripts.push_back(form.strSetupMenuScript);
   for (const std::string& script : scripts)
-    step([&] { files.CopyFile(script, folder + fileName(script), true); });
+    step([&] { files.CopyFile(script, folder + FileName(script), true); });
 }
 
 bool RestoreScriptfiles(frmMain& form) {
   Program& program = form.program;
-  if (!hasPaths(form)) return false;
-  if (!program.files.FolderExists(backupFolder(program))) {
+  if (!HasPaths(form)) return false;
+  if (!program.files.FolderExists(BackupFolder(program))) {
     program.MsgBox(program.mymyLoadString(1087));
     return false;
   }
   const FailureTrap step{form.program, FailurePrefix::localized, "RestoreScriptfiles"};
   int restored = 0;
   step([&] {
-    for (const std::string& name : program.files.FileNames(backupFolder(program)))
-      if (isScript(name) && step([&] { restore(program, name); })) ++restored;
+    for (const std::string& name : program.files.FileNames(BackupFolder(program)))
+      if (IsScript(name) && step([&] { Restore(program, name); })) ++restored;
   });
   program.MsgBox(std::to_string(restored) + program.mymyLoadString(1175));
   return true;

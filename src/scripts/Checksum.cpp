@@ -17,7 +17,7 @@ constexpr int mostRequests = 6;
 constexpr std::string_view checksumMark = "#CRC";
 
 /// One request. Every failure counts as no answer; the component is kept once it could be created.
-std::int32_t requestChecksum(Program& program, std::string_view path) {
+std::int32_t RequestChecksum(Program& program, std::string_view path) {
   const std::int32_t stamp =
       lngRequestStamp(dtLocalToUTC(program.services.clock, program.services.clock.Now()));
   try {
@@ -28,7 +28,7 @@ std::int32_t requestChecksum(Program& program, std::string_view path) {
   }
 }
 
-std::string withChecksum(TextStream& script, std::string_view checksumText) {
+std::string WithChecksum(TextStream& script, std::string_view checksumText) {
   const std::string checksumLine = std::string(checksumMark) + " " + std::string(checksumText);
   std::string text;
   while (!script.AtEndOfStream()) {
@@ -48,7 +48,7 @@ std::int32_t lngRequestStamp(const SystemTime& utc) {
 std::int32_t lngGetFileChecksum(Program& program, std::string_view path) {
   if (path.empty() || !program.files.FileExists(path)) return 0;
   for (int request = 0; request < mostRequests; ++request)
-    if (const std::int32_t checksum = requestChecksum(program, path)) return checksum;
+    if (const std::int32_t checksum = RequestChecksum(program, path)) return checksum;
   return 0;
 }
 
@@ -68,7 +68,7 @@ void UpdateChecksumForFile(Program& program, std::string_view checksumText, std:
   const bool read = step([&] {
     const auto script =
         program.files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
-    text = withChecksum(*script, checksumText);
+    text = WithChecksum(*script, checksumText);
     script->Close();
   });
   if (!read) return;

@@ -20,14 +20,14 @@ constexpr int globalsGrid = 5;
 
 /// Whether the server has the action. The directory binding is asked only where it counts; if it
 /// cannot be had, the failure is reported and the row is added.
-bool existsHere(Program& program, const Action& action, const FailureTrap& step) {
+bool ExistsHere(Program& program, const Action& action, const FailureTrap& step) {
   if (!action.gate.IsOpen(program.server)) return false;
   bool exists = true;
   if (action.notOnDomino) step([&] { exists = program.server.iGetDirectoryBinding() == 1; });
   return exists;
 }
 
-std::string orderOf(Program& program, const Action& action, const std::string& token,
+std::string OrderOf(Program& program, const Action& action, const std::string& token,
                     const std::string& path) {
   switch (action.order) {
     case OrderSource::fixed:
@@ -41,67 +41,67 @@ std::string orderOf(Program& program, const Action& action, const std::string& t
 }
 
 /// Reads the rows of one menu from a file that is there.
-void addRows(frmMain& form, int grid, std::span<const Action> actions, std::string_view prefix,
+void AddRows(frmMain& form, int grid, std::span<const Action> actions, std::string_view prefix,
              const std::string& path, const FailureTrap& step) {
   Program& program = form.program;
   const ProfileBatch batch(program.profile, path);
   for (const Action& action : actions) {
-    if (!existsHere(program, action, step)) continue;
+    if (!ExistsHere(program, action, step)) continue;
     const std::string token = std::string(prefix) + std::string(action.name);
     AddKeyToGrid(form, grid, strGetIniString(program.profile, macrosSection, token, path),
-                 orderOf(program, action, token, path), ActionLabel(program, action), token);
+                 OrderOf(program, action, token, path), ActionLabel(program, action), token);
   }
 }
 
-bool reportedMissing(frmMain& form, std::string_view message, const std::string& path) {
+bool ReportedMissing(frmMain& form, std::string_view message, const std::string& path) {
   if (form.program.files.FileExists(path)) return false;
   form.program.MsgBox(std::string(message) + path);
   return true;
 }
 
 /// The macro file's menus empty their grid before they look for the file.
-void loadFromMacroFile(frmMain& form, int grid, std::span<const Action> actions) {
+void LoadFromMacroFile(frmMain& form, int grid, std::span<const Action> actions) {
   const FailureTrap step{form.program, FailurePrefix::localized, "LoadMainMenuKeyMapInfo"};
   BeginFilling(form, grid);
   if (form.strMainMenuScript.empty() ||
-      reportedMissing(form, "Error - could not find menu definition file=", form.strMainMenuScript))
+      ReportedMissing(form, "Error - could not find menu definition file=", form.strMainMenuScript))
     return;
-  addRows(form, grid, actions, {}, form.strMainMenuScript, step);
+  AddRows(form, grid, actions, {}, form.strMainMenuScript, step);
   EndFilling(form, grid);
 }
 
-std::string scriptToRead(const frmMain& form, std::string_view strScript) {
+std::string ScriptToRead(const frmMain& form, std::string_view strScript) {
   return strScript.empty() ? form.strMessagePlaybackScript : std::string(strScript);
 }
 
 }  // namespace
 
 void LoadMainMenuKeyMapInfo(frmMain& form) {
-  loadFromMacroFile(form, mainMenuGrid, MainMenuActions());
+  LoadFromMacroFile(form, mainMenuGrid, MainMenuActions());
 }
 
-void LoadGlobalsKeyMapInfo(frmMain& form) { loadFromMacroFile(form, globalsGrid, GlobalActions()); }
+void LoadGlobalsKeyMapInfo(frmMain& form) { LoadFromMacroFile(form, globalsGrid, GlobalActions()); }
 
 void LoadVCRKeyMapInfo(frmMain& form, std::string_view strScript) {
   const FailureTrap step{form.program, FailurePrefix::localized, "LoadVCRKeyMapInfo"};
-  const std::string path = scriptToRead(form, strScript);
+  const std::string path = ScriptToRead(form, strScript);
   if (path.empty() ||
-      reportedMissing(form, "Error, could not load SubMsgPlayback script file=", path))
+      ReportedMissing(form, "Error, could not load SubMsgPlayback script file=", path))
     return;
   for (const PlaybackSection& section : PlaybackSections()) {
     BeginFilling(form, section.grid);
-    addRows(form, section.grid, PlaybackActions(), section.prefix, path, step);
+    AddRows(form, section.grid, PlaybackActions(), section.prefix, path, step);
     EndFilling(form, section.grid);
   }
 }
 
 void LoadAfterMessageKeyMapInfo(frmMain& form, std::string_view strScript) {
   const FailureTrap step{form.program, FailurePrefix::localized, "LoadAfterMessageKeyMapInfo"};
-  const std::string path = scriptToRead(form, strScript);
-  if (path.empty() || reportedMissing(form, "SubMsgPlay script file could not be found=", path))
+  const std::string path = ScriptToRead(form, strScript);
+  if (path.empty() || ReportedMissing(form, "SubMsgPlay script file could not be found=", path))
     return;
   BeginFilling(form, afterMessageGrid);
-  addRows(form, afterMessageGrid, AfterMessageActions(), {}, path, step);
+  AddRows(form, afterMessageGrid, AfterMessageActions(), {}, path, step);
   EndFilling(form, afterMessageGrid);
 }
 

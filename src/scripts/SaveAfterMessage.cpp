@@ -33,32 +33,32 @@ constexpr std::string_view gotoActions[] = {"MSGMENU_GOTO_ENABLE", "MSGMENU_GOTO
                                             "MSGMENU_GOTO_JUMPFORWARD"};
 
 template <class Names>
-bool isOneOf(const Names& names, std::string_view token) {
+bool IsOneOf(const Names& names, std::string_view token) {
   return std::ranges::find(names, token) != std::end(names);
 }
 
-void writeEntry(SectionWriter& writer, std::string_view token, std::string_view keyValue,
+void WriteEntry(SectionWriter& writer, std::string_view token, std::string_view keyValue,
                 std::string_view order) {
   writer.Write(token, keyValue);
   writer.Write("ORDINAL_" + std::string(token), order);
 }
 
-void writeRow(SectionWriter& writer, const RowToSave& row) {
+void WriteRow(SectionWriter& writer, const RowToSave& row) {
   if (FindAction(AfterMessageActions(), row.token) == nullptr &&
-      !isOneOf(receiptActions, row.token))
+      !IsOneOf(receiptActions, row.token))
     return;
-  const bool fixed = isOneOf(gotoActions, row.token);
-  writeEntry(writer, row.token, row.keyValue, fixed ? notVoiced : row.orderValue);
+  const bool fixed = IsOneOf(gotoActions, row.token);
+  WriteEntry(writer, row.token, row.keyValue, fixed ? notVoiced : row.orderValue);
   for (const Mirror& mirror : mirrors)
-    if (mirror.token == row.token) writeEntry(writer, mirror.mirror, row.keyValue, row.orderValue);
-  if (row.token == "MSGMENU_OPERATOR") writeEntry(writer, "MSGMENU_HELP", Quoted({}), notVoiced);
+    if (mirror.token == row.token) WriteEntry(writer, mirror.mirror, row.keyValue, row.orderValue);
+  if (row.token == "MSGMENU_OPERATOR") WriteEntry(writer, "MSGMENU_HELP", Quoted({}), notVoiced);
   if (row.token == "MSGMENU_GOTO_JUMPBACK")
     writer.Write("ORDINAL_MSGMENU_GOTO_PREVIOUS", notVoiced);
 }
 
 /// The two columns do not hold the same keys: a file of a single slot keeps the receipt menu's
 /// terminate keys as they are.
-void writeDerived(SectionWriter& writer, const std::string& keys, bool single) {
+void WriteDerived(SectionWriter& writer, const std::string& keys, bool single) {
   const auto derived = [&](std::string_view key, const std::string& list) {
     writer.Write(key, BlankAndQuoted(single ? list : std::string()));
   };
@@ -80,8 +80,8 @@ bool SaveAfterMessageKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second
 
   SectionWriter writer(form, afterMessageMenu, form.strMessagePlaybackScript, bCreateKeyDocument,
                        second);
-  for (int row = 1; row < grid.Rows(); ++row) writeRow(writer, writer.Row(row));
-  writeDerived(writer, KeyList(grid), form.bSingleKeyMap != false16);
+  for (int row = 1; row < grid.Rows(); ++row) WriteRow(writer, writer.Row(row));
+  WriteDerived(writer, KeyList(grid), form.bSingleKeyMap != false16);
   writer.Finish();
   return true;
 }

@@ -19,12 +19,12 @@ constexpr MenuSection mainMenu{0, "Main Menu", 1031, true};
 /// "99999" has five characters: any shorter order is that of a voiced action.
 constexpr std::size_t notVoicedLength = 5;
 
-bool isVoicedWithoutKey(const KeyGrid& grid, int row) {
+bool IsVoicedWithoutKey(const KeyGrid& grid, int row) {
   return Trim(grid.Text(row, Column::KeyAssignment)).empty() &&
          Trim(grid.Text(row, Column::Order)).size() < notVoicedLength;
 }
 
-std::string locatorKey(const KeyGrid& grid) {
+std::string LocatorKey(const KeyGrid& grid) {
   std::string key;
   for (int row = 1; row < grid.Rows(); ++row)
     if (EqualsIgnoringCase(Trim(grid.Text(row, Column::ActionToken)), "MENU_MSG_LOCATOR"))
@@ -32,16 +32,16 @@ std::string locatorKey(const KeyGrid& grid) {
   return key;
 }
 
-bool refused(frmMain& form, const KeyGrid& grid) {
+bool Refused(frmMain& form, const KeyGrid& grid) {
   Program& program = form.program;
   for (int row = 1; row < grid.Rows(); ++row) {
-    if (isVoicedWithoutKey(grid, row)) {
+    if (IsVoicedWithoutKey(grid, row)) {
       program.MsgBox(program.mymyLoadString(1064));
       return true;
     }
     if (RefusedAsDuplicate(form, mainMenu, row)) return true;
   }
-  if (!bKeyConflicts(KeyList(grid), {locatorKey(grid)})) return false;
+  if (!bKeyConflicts(KeyList(grid), {LocatorKey(grid)})) return false;
   program.MsgBox(program.mymyLoadString(1147));
   return true;
 }
@@ -50,7 +50,7 @@ bool refused(frmMain& form, const KeyGrid& grid) {
 
 bool SaveMainMenuKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   const KeyGrid& grid = At(form.gridKeyMap, mainMenu.grid);
-  if (refused(form, grid)) return false;
+  if (Refused(form, grid)) return false;
 
   SectionWriter writer(form, mainMenu, form.strMainMenuScript, bCreateKeyDocument, second);
   for (int row = 1; row < grid.Rows(); ++row) {

@@ -36,7 +36,7 @@ constexpr std::array<std::string_view, 7> conflictSuffixes{
 /// From this version on a server tells them apart.
 constexpr Gate conflictsSolved{4, 0, 2, 37};
 
-ConflictKeys conflictKeys(const KeyGrid& grid, std::string_view prefix) {
+ConflictKeys ConflictKeysOf(const KeyGrid& grid, std::string_view prefix) {
   ConflictKeys keys;
   for (int row = 1; row < grid.Rows(); ++row) {
     const std::string token = UpperCase(grid.Text(row, Column::ActionToken));
@@ -47,12 +47,12 @@ ConflictKeys conflictKeys(const KeyGrid& grid, std::string_view prefix) {
   return keys;
 }
 
-bool refused(frmMain& form, const Section& section, const KeyGrid& grid) {
+bool Refused(frmMain& form, const Section& section, const KeyGrid& grid) {
   Program& program = form.program;
   for (int row = 1; row < grid.Rows(); ++row)
     if (RefusedAsDuplicate(form, section.menu, row)) return true;
   if (conflictsSolved.IsOpen(program.server) ||
-      !bKeyConflicts(KeyList(grid), conflictKeys(grid, section.prefix)))
+      !bKeyConflicts(KeyList(grid), ConflictKeysOf(grid, section.prefix)))
     return false;
   program.MsgBox(program.mymyLoadString(section.conflictMessage) + "\r\n" +
                  program.mymyLoadString(1148));
@@ -60,7 +60,7 @@ bool refused(frmMain& form, const Section& section, const KeyGrid& grid) {
 }
 
 /// Writes the rows; returns the keys that end the playback.
-std::string writeRows(SectionWriter& writer, std::string_view prefix, const KeyGrid& grid) {
+std::string WriteRows(SectionWriter& writer, std::string_view prefix, const KeyGrid& grid) {
   std::string strTerminateKeys(extendedKeys);
   const std::string operatorToken = std::string(prefix) + "OPERATOR";
   for (int row = 1; row < grid.Rows(); ++row) {
@@ -81,11 +81,11 @@ bool SaveVCRKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   const bool single = form.bSingleKeyMap != false16;
   for (const Section& section : sections) {
     const KeyGrid& grid = At(form.gridKeyMap, section.menu.grid);
-    if (refused(form, section, grid)) return false;
+    if (Refused(form, section, grid)) return false;
 
     SectionWriter writer(form, section.menu, form.strMessagePlaybackScript, bCreateKeyDocument,
                          second);
-    const std::string terminate = writeRows(writer, section.prefix, grid);
+    const std::string terminate = WriteRows(writer, section.prefix, grid);
     const std::string keys = KeyList(grid);
     const auto derived = [&](std::string_view name, const std::string& value) {
       writer.Write(std::string(section.prefix) + std::string(name), value);

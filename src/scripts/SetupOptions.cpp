@@ -23,7 +23,7 @@ constexpr SetupOption setupOptions[] = {
 };
 
 /// Whether there is a setup script to work on; one that should be there and is not is reported.
-bool hasSetupScript(frmMain& form) {
+bool HasSetupScript(frmMain& form) {
   Program& program = form.program;
   if (!form.SSTab1.TabVisible(setupTab) || form.strSetupMenuScript.empty()) return false;
   if (program.files.FileExists(form.strSetupMenuScript)) return true;
@@ -40,7 +40,7 @@ void SetAllSetupOptions(frmMain& form, int value) {
 }
 
 void LoadSetupInfo(frmMain& form) {
-  if (!hasSetupScript(form)) return;
+  if (!HasSetupScript(form)) return;
   PrivateProfile& profile = form.program.profile;
   const std::string path = form.strSetupMenuScript;
   SetAllSetupOptions(form, 0);
@@ -51,7 +51,7 @@ void LoadSetupInfo(frmMain& form) {
 }
 
 void SaveSetupInfo(frmMain& form) {
-  if (!hasSetupScript(form)) return;
+  if (!HasSetupScript(form)) return;
   PrivateProfile& profile = form.program.profile;
   const ProfileBatch batch(profile, form.strSetupMenuScript);
   for (const SetupOption& option : setupOptions) {

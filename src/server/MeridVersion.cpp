@@ -23,26 +23,26 @@ constexpr std::string_view telhostKey = "SOFTWARE\\Quillon\\Telhost\\1.0";
 constexpr std::string_view systemParametersKey = "SOFTWARE\\Quillon\\SystemParameters\\1.0";
 constexpr std::string_view dominoProgId = "QLDsDomino.QlIDCDomino.1";
 
-std::int32_t doubleWord(Registry& registry, std::string_view key, std::string_view name) {
+std::int32_t DoubleWord(Registry& registry, std::string_view key, std::string_view name) {
   const RegistryResult result = GetRegistryValue(registry, RegistryKey::localMachine, key, name,
                                                  registryDoubleWord, std::int32_t{0});
   return std::get<std::int32_t>(result);
 }
 
-std::string text(Registry& registry, std::string_view key, std::string_view name) {
+std::string Text(Registry& registry, std::string_view key, std::string_view name) {
   const RegistryResult result = GetRegistryValue(registry, RegistryKey::localMachine, key, name,
                                                  registryString, std::string());
   return std::get<std::string>(result);
 }
 
-std::int16_t narrowed(std::int32_t number) {
+std::int16_t Narrowed(std::int32_t number) {
   using Limits = std::numeric_limits<std::int16_t>;
   if (number < Limits::min() || number > Limits::max()) throw RuntimeFailure(Failure::overflow);
   return static_cast<std::int16_t>(number);
 }
 
 /// Eight upper-case hexadecimal digits.
-std::string hexadecimal(std::int32_t number) {
+std::string Hexadecimal(std::int32_t number) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string result;
   for (int shift = 28; shift >= 0; shift -= 4)
@@ -51,7 +51,7 @@ std::string hexadecimal(std::int32_t number) {
 }
 
 /// The stored numbers show their decimal digits in hexadecimal: 0010 is ten, and 000A is nothing.
-std::int16_t leadingDecimal(std::string_view digits) {
+std::int16_t LeadingDecimal(std::string_view digits) {
   int value = 0;
   for (const char digit : digits) {
     if (digit < '0' || digit > '9') break;
@@ -60,7 +60,7 @@ std::int16_t leadingDecimal(std::string_view digits) {
   return static_cast<std::int16_t>(value);
 }
 
-std::string versionText(const VersionInfo& info) {
+std::string VersionText(const VersionInfo& info) {
   return std::to_string(info.iMajor) + "." + std::to_string(info.iMinor) + "(" +
          std::to_string(info.iRelease) + "." + std::to_string(info.iBuild) + ")";
 }
@@ -79,20 +79,20 @@ VersionInfo MeridVersion::getVersion() {
     };
     for (const auto& [name, field] : values)
       step([&, name = name, field = field] {
-        info.*field = narrowed(doubleWord(registry, tesselKey, name));
+        info.*field = Narrowed(DoubleWord(registry, tesselKey, name));
       });
     info.bIsTessel = true16;
   } else {
-    const std::string version = hexadecimal(doubleWord(registry, meridKey, "Version Number"));
-    const std::int32_t buildNumber = doubleWord(registry, meridKey, "Build Number");
-    const std::string build = hexadecimal(buildNumber);
-    info.iMajor = leadingDecimal(version.substr(0, 4));
-    info.iMinor = leadingDecimal(version.substr(4));
-    info.iRelease = leadingDecimal(build.substr(0, 4));
+    const std::string version = Hexadecimal(DoubleWord(registry, meridKey, "Version Number"));
+    const std::int32_t buildNumber = DoubleWord(registry, meridKey, "Build Number");
+    const std::string build = Hexadecimal(buildNumber);
+    info.iMajor = LeadingDecimal(version.substr(0, 4));
+    info.iMinor = LeadingDecimal(version.substr(4));
+    info.iRelease = LeadingDecimal(build.substr(0, 4));
     info.iBuild = static_cast<std::int16_t>(buildNumber & 0xFFFF);
     info.bIsTessel = false16;
   }
-  info.strVersion = versionText(info);
+  info.strVersion = VersionText(info);
   return info;
 }
 
@@ -117,8 +117,8 @@ std::string MeridVersion::strGetInstallPath() {
   std::string path;
   step([&] {
     path = currentVersion.bIsTessel != false16
-               ? text(registry, tesselKey, "InstalledFolderPath") + "\\"
-               : text(registry, telhostKey, "Root Path");
+               ? Text(registry, tesselKey, "InstalledFolderPath") + "\\"
+               : Text(registry, telhostKey, "Root Path");
   });
   return path;
 }
@@ -132,7 +132,7 @@ std::string MeridVersion::strGetScriptPath() {
 }
 
 std::int16_t MeridVersion::iGetDirectoryBinding() {
-  return EqualsIgnoringCase(text(registry, systemParametersKey, "IDCProgID"), dominoProgId) ? 2 : 1;
+  return EqualsIgnoringCase(Text(registry, systemParametersKey, "IDCProgID"), dominoProgId) ? 2 : 1;
 }
 
 }  // namespace dialwright

@@ -18,17 +18,17 @@ constexpr unsigned readAccess = 131097;
 constexpr std::size_t stringBuffer = 1024;
 constexpr std::size_t binaryBuffer = 4096;
 
-RegistryResult stringResult(std::span<const std::byte> bytes) {
+RegistryResult StringResult(std::span<const std::byte> bytes) {
   // The last byte is the terminating zero; a value without any asks for a negative length.
   if (bytes.empty()) throw RuntimeFailure(Failure::invalidProcedureCall);
   return AnsiToUtf8({reinterpret_cast<const char*>(bytes.data()), bytes.size() - 1});
 }
 
-RegistryResult binaryResult(std::span<const std::byte> bytes) {
+RegistryResult BinaryResult(std::span<const std::byte> bytes) {
   return std::vector<std::byte>(bytes.begin(), bytes.end());
 }
 
-RegistryResult doubleWordResult(std::span<const std::byte> bytes) {
+RegistryResult DoubleWordResult(std::span<const std::byte> bytes) {
   std::uint32_t value = 0;
   for (std::size_t i = bytes.size(); i > 0; --i)
     value = value << 8 | std::to_integer<std::uint32_t>(bytes[i - 1]);
@@ -43,9 +43,9 @@ struct ValueKind {
 };
 
 constexpr std::array kinds{
-    ValueKind{registryString, stringBuffer, std::byte{' '}, stringResult},
-    ValueKind{registryBinary, binaryBuffer, std::byte{0}, binaryResult},
-    ValueKind{registryDoubleWord, 4, std::byte{0}, doubleWordResult},
+    ValueKind{registryString, stringBuffer, std::byte{' '}, StringResult},
+    ValueKind{registryBinary, binaryBuffer, std::byte{0}, BinaryResult},
+    ValueKind{registryDoubleWord, 4, std::byte{0}, DoubleWordResult},
 };
 
 }  // namespace

@@ -25,7 +25,7 @@ constexpr TabTexts tabTexts[] = {{1080, 1149}, {1086, 1159}, {1084, 1157}, {1085
 constexpr int translatedTabs = 5;
 constexpr int translatedHeadings = 4;
 
-void setTabTexts(frmMain& form) {
+void SetTabTexts(frmMain& form) {
   Program& program = form.program;
   for (int i = 0; i < TabStrip::tabCount; ++i) {
     const TabTexts& texts = tabTexts[i];
@@ -47,7 +47,7 @@ void setTabTexts(frmMain& form) {
   }
 }
 
-void setFormTexts(frmMain& form) {
+void SetControlTexts(frmMain& form) {
   const TextRow rows[] = {
       {form.chkGenerateHelp, 1055},
       {form.chkGeneratePDF, 1194},
@@ -77,8 +77,8 @@ void setFormTexts(frmMain& form) {
 }  // namespace
 
 void SetFormTexts(frmMain& form) {
-  setFormTexts(form);
-  setTabTexts(form);
+  SetControlTexts(form);
+  SetTabTexts(form);
 }
 
 }  // namespace dialwright

@@ -42,7 +42,7 @@ void Program::ChDir(std::string_view path) {
   currentFolder = path;
 }
 
-frmAbout& Program::about() {
+frmAbout& Program::About() {
   if (!aboutBox) {
     aboutBox = std::make_unique<frmAbout>(*this);
     loadedForms.push_back(aboutBox.get());
@@ -52,7 +52,7 @@ frmAbout& Program::about() {
   return *aboutBox;
 }
 
-bool Program::aboutIsUp() const { return aboutBox && aboutBox->Shown; }
+bool Program::AboutIsUp() const { return aboutBox && aboutBox->Shown; }
 
 void RequestExit(Program& program) {
   if (program.main->cmdSave.Enabled &&

@@ -65,9 +65,9 @@ class Program final : public Messages {
   void ChDir(std::string_view path);
 
   /// The about box, created on first use.
-  frmAbout& about();
-  bool aboutIsLoaded() const { return aboutBox != nullptr; }
-  bool aboutIsUp() const;
+  frmAbout& About();
+  bool AboutIsLoaded() const { return aboutBox != nullptr; }
+  bool AboutIsUp() const;
   /// For whoever shows the box: called once it is created, before it loads.
   std::function<void(frmAbout&)> aboutCreated;
   /// For whoever tells about cards: called once the card tool has been started, or could not be.

@@ -28,7 +28,7 @@ constexpr std::array<SlotFiles, slotCount> slotFiles{{
 
 /// The path of one of the slot's files. Returns only when the file is there, or when the user did
 /// not want to exit.
-std::string existingScript(Program& program, std::string_view name) {
+std::string ExistingScript(Program& program, std::string_view name) {
   std::string path = program.server.strGetScriptPath() + std::string(name);
   if (!program.files.FileExists(path)) {
     program.MsgBox(program.mymyLoadString(1012) + path + "\r\n" + program.mymyLoadString(1152));
@@ -49,10 +49,10 @@ void LoadScriptPaths(frmMain& form) {
     RequestExit(program);
   }
   const SlotFiles& names = slotFiles.at(static_cast<std::size_t>(SelectedSlot(form) - 1));
-  form.strMainMenuScript = existingScript(program, names.mainMenu);
-  form.strMessagePlaybackScript = existingScript(program, names.messagePlayback);
+  form.strMainMenuScript = ExistingScript(program, names.mainMenu);
+  form.strMessagePlaybackScript = ExistingScript(program, names.messagePlayback);
   if (form.SSTab1.TabVisible(setupTab))
-    form.strSetupMenuScript = existingScript(program, names.setupMenu);
+    form.strSetupMenuScript = ExistingScript(program, names.setupMenu);
 }
 
 }  // namespace dialwright

@@ -53,7 +53,7 @@ void frmAbout_Auto_Init(frmAbout& about) {
 
 namespace {
 
-void addLanguage(frmAbout& about, std::string_view name, std::string_view tag) {
+void AddLanguage(frmAbout& about, std::string_view name, std::string_view tag) {
   auto item = std::make_unique<frmAbout::LanguageItem>();
   const std::size_t element = about.mnuLanguageList.size();
   item->Name = "mnuLanguageList(" + std::to_string(element) + ")";
@@ -78,17 +78,17 @@ void frmAbout_Load(frmAbout& about) {
   const std::vector<std::string>& codes = program.language.astrLanguages;
   if (codes.size() == 1) {
     // One language is no choice, and looks like none.
-    addLanguage(about, program.mymyLoadString(1090), "1033");
+    AddLanguage(about, program.mymyLoadString(1090), "1033");
   } else {
     for (const std::string& code : codes)
-      addLanguage(about, program.language.GetLanguageNameFromCode(code),
+      AddLanguage(about, program.language.GetLanguageNameFromCode(code),
                   std::to_string(GetLanguageId(code)));
   }
   program.language.ApplyLanguageFontToForm(about);
 }
 
 void ShowAbout(Program& program) {
-  frmAbout& about = program.about();
+  frmAbout& about = program.About();
   about.Shown = true;
   if (about.runModal) about.runModal();
 }

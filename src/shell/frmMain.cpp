@@ -6,7 +6,7 @@ namespace dialwright {
 
 namespace {
 
-std::string element(std::string_view name, int index) {
+std::string Element(std::string_view name, int index) {
   return std::string(name) + "(" + std::to_string(index) + ")";
 }
 
@@ -15,21 +15,21 @@ std::string element(std::string_view name, int index) {
 frmMain::frmMain(Program& theProgram) : Form("frmMain"), program(theProgram) {
   Adopt(SSTab1, "SSTab1", -1);
   for (int i = 0; i < gridCount; ++i) {
-    Adopt(At(gridKeyMap, i), element("gridKeyMap", i), i);
+    Adopt(At(gridKeyMap, i), Element("gridKeyMap", i), i);
     At(gridKeyMap, i).SetText(0, Column::Action, "Action");
     At(gridKeyMap, i).SetText(0, Column::KeyAssignment, "Key Assignment");
     At(gridKeyMap, i).SetText(0, Column::ActionToken, "ActionToken");
     At(gridKeyMap, i).SetText(0, Column::Order, "Order");
-    Adopt(At(labelKeyMap, i), element("labelKeyMap", i), i, "Key map");
-    Adopt(At(txtKeyAssignment, i), element("txtKeyAssignment", i), i);
-    Adopt(At(lblKeyMap, i), element("lblKeyMap", i), i, "(blank means disable option)");
-    Adopt(At(chkDontVoiceAction, i), element("chkDontVoiceAction", i), i,
+    Adopt(At(labelKeyMap, i), Element("labelKeyMap", i), i, "Key map");
+    Adopt(At(txtKeyAssignment, i), Element("txtKeyAssignment", i), i);
+    Adopt(At(lblKeyMap, i), Element("lblKeyMap", i), i, "(blank means disable option)");
+    Adopt(At(chkDontVoiceAction, i), Element("chkDontVoiceAction", i), i,
           "Don't voice action in menu");
-    Adopt(At(frameMenuOrder, i), element("frameMenuOrder", i), i, "Menu order");
-    Adopt(At(UpDownMenuOrder, i), element("UpDownMenuOrder", i), i);
-    Adopt(At(frameDescription, i), element("frameDescription", i), i, "Action description");
-    Adopt(At(txtDescription, i), element("txtDescription", i), i);
-    Adopt(At(LabelTabDescription, i), element("LabelTabDescription", i), i);
+    Adopt(At(frameMenuOrder, i), Element("frameMenuOrder", i), i, "Menu order");
+    Adopt(At(UpDownMenuOrder, i), Element("UpDownMenuOrder", i), i);
+    Adopt(At(frameDescription, i), Element("frameDescription", i), i, "Action description");
+    Adopt(At(txtDescription, i), Element("txtDescription", i), i);
+    Adopt(At(LabelTabDescription, i), Element("LabelTabDescription", i), i);
   }
   Adopt(frameSetup, "frameSetup", setupTab);
   Adopt(chkMAIN_GREETINGS, "chkMAIN_GREETINGS", setupTab);

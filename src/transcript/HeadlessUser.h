@@ -13,18 +13,18 @@ class HeadlessUser : public User {
  public:
   explicit HeadlessUser(Program& theProgram);
 
-  Outcome click(std::string_view name) override;
-  Outcome set(std::string_view name, int value) override;
-  Outcome tab(int tab) override;
-  Outcome row(int grid, int row) override;
-  Outcome row(int grid, std::string_view token) override;
-  Outcome type(std::string_view text, bool selectAll) override;
-  Outcome leave() override;
-  Outcome spin(bool up) override;
-  Outcome close() override;
+  Outcome Click(std::string_view name) override;
+  Outcome Set(std::string_view name, int value) override;
+  Outcome Tab(int tab) override;
+  Outcome Row(int grid, int row) override;
+  Outcome Row(int grid, std::string_view token) override;
+  Outcome Type(std::string_view text, bool selectAll) override;
+  Outcome Leave() override;
+  Outcome Spin(bool up) override;
+  Outcome Close() override;
 
  private:
-  Outcome moveTo(Control& control);
+  Outcome MoveTo(Control& control);
 
   Program& program;
   frmMain& form;

@@ -10,8 +10,8 @@ constexpr int noTimeout = -1;
 
 }  // namespace
 
-std::optional<std::string> InputLines::next() {
-  while (buffer.find('\n') == std::string::npos && fill(noTimeout)) {
+std::optional<std::string> InputLines::Next() {
+  while (buffer.find('\n') == std::string::npos && Fill(noTimeout)) {
   }
   if (buffer.empty()) return {};
   const std::size_t end = buffer.find('\n');
@@ -20,14 +20,14 @@ std::optional<std::string> InputLines::next() {
   return line;
 }
 
-std::optional<std::string> InputLines::peek() {
-  while (buffer.find('\n') == std::string::npos && fill(givenTextPause)) {
+std::optional<std::string> InputLines::Peek() {
+  while (buffer.find('\n') == std::string::npos && Fill(givenTextPause)) {
   }
   if (buffer.empty()) return {};
   return buffer.substr(0, buffer.find('\n'));
 }
 
-bool InputLines::fill(int timeout) {
+bool InputLines::Fill(int timeout) {
   if (ended) return false;
   char bytes[4096];
   const std::optional<std::size_t> count = ReadInput(timeout, bytes, sizeof bytes);

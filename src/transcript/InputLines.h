@@ -10,12 +10,12 @@ namespace dialwright {
 class InputLines {
  public:
   /// The next line, waited for; nothing at the end of the input.
-  std::optional<std::string> next();
+  std::optional<std::string> Next();
   /// The next line if it is there or comes within a short pause, without taking it.
-  std::optional<std::string> peek();
+  std::optional<std::string> Peek();
 
  private:
-  bool fill(int timeout);
+  bool Fill(int timeout);
 
   std::string buffer;
   bool ended = false;

@@ -8,9 +8,9 @@ namespace {
 
 using Numbers = std::initializer_list<std::uint32_t>;
 
-constexpr std::uint32_t kFileAlignment = 0x200, kSectionAlignment = 0x1000;
-constexpr std::uint32_t kHighBit = 0x80000000;
-constexpr int kBlockStrings = 16;
+constexpr std::uint32_t fileAlignment = 0x200, sectionAlignment = 0x1000;
+constexpr std::uint32_t highBit = 0x80000000;
+constexpr int blockStrings = 16;
 
 void Put16(std::string& out, Numbers numbers) {
   for (const std::uint32_t number : numbers)
@@ -33,9 +33,9 @@ Blocks MakeBlocks(const std::vector<std::pair<std::uint16_t, StringTable>>& lang
   Blocks blocks;
   for (const auto& [language, strings] : languages) {
     for (auto next = strings.begin(); next != strings.end();) {
-      const int block = next->first / kBlockStrings;
+      const int block = next->first / blockStrings;
       std::string bytes;
-      for (int number = block * kBlockStrings; number < (block + 1) * kBlockStrings; ++number) {
+      for (int number = block * blockStrings; number < (block + 1) * blockStrings; ++number) {
         const bool there = next != strings.end() && next->first == number;
         const std::u16string text = there ? (next++)->second : u"";
         Put16(bytes, {static_cast<std::uint32_t>(text.size())});
@@ -58,18 +58,18 @@ void PutDirectory(std::string& out, std::size_t entries) {
 /// The resource section: the types, the blocks, each block's languages, the descriptions of the
 /// data, the data; level behind level.
 std::string MakeResources(const Blocks& blocks, std::uint32_t sectionAddress) {
-  constexpr std::uint32_t kStringType = 6, kDescriptionSize = 16;
+  constexpr std::uint32_t stringType = 6, descriptionSize = 16;
   const std::uint32_t languagesStart = DirectorySize(1) + DirectorySize(blocks.size());
   std::string blockList, languageLists, descriptions, texts;
   PutDirectory(blockList, blocks.size());
   std::uint32_t count = 0;
   std::uint32_t descriptionsStart = languagesStart;
   for (const auto& [block, data] : blocks) {
-    Put32(blockList, {block, descriptionsStart | kHighBit});
+    Put32(blockList, {block, descriptionsStart | highBit});
     descriptionsStart += DirectorySize(data.size());
     count += static_cast<std::uint32_t>(data.size());
   }
-  const std::uint32_t textsStart = descriptionsStart + kDescriptionSize * count;
+  const std::uint32_t textsStart = descriptionsStart + descriptionSize * count;
   for (const auto& [block, data] : blocks) {
     PutDirectory(languageLists, data.size());
     for (const auto& [language, bytes] : data) {
@@ -82,39 +82,39 @@ std::string MakeResources(const Blocks& blocks, std::uint32_t sectionAddress) {
   }
   std::string types;
   PutDirectory(types, 1);
-  Put32(types, {kStringType, DirectorySize(1) | kHighBit});
+  Put32(types, {stringType, DirectorySize(1) | highBit});
   return types + blockList + languageLists + descriptions + texts;
 }
 
 std::string MakeHeaders(PeFormat format, std::uint32_t resourcesSize) {
   const bool plus = format == PeFormat::pe32Plus;
-  constexpr std::uint32_t kHeader = 0x40, kImageBase = 0x10000000, kDirectories = 16;
-  const std::uint32_t sizeInFile = AlignedUp(resourcesSize, kFileAlignment);
-  const std::uint32_t imageSize = kSectionAlignment + AlignedUp(resourcesSize, kSectionAlignment);
+  constexpr std::uint32_t header = 0x40, imageBase = 0x10000000, directories = 16;
+  const std::uint32_t sizeInFile = AlignedUp(resourcesSize, fileAlignment);
+  const std::uint32_t imageSize = sectionAlignment + AlignedUp(resourcesSize, sectionAlignment);
   std::string out = "MZ";
   out.resize(0x3c);
-  Put32(out, {kHeader});
+  Put32(out, {header});
 
   out.append("PE\0\0", 4);
   Put16(out, {plus ? 0x8664u : 0x14c, 1});  // machine, sections
   Put32(out, {0, 0, 0});                    // time stamp, symbols
-  Put16(out, {(plus ? 112 : 96) + 8 * kDirectories, plus ? 0x2022u : 0x2102});
+  Put16(out, {(plus ? 112 : 96) + 8 * directories, plus ? 0x2022u : 0x2102});
 
   Put16(out, {plus ? 0x20bu : 0x10b, 0});  // format, linker
   Put32(out, {0, sizeInFile, 0, 0, 0});    // code, data, other data, entry point, start of code
   // The narrow format has the start of the data in front of the base, the wide one a wider base.
-  Put32(out, {plus ? kImageBase : kSectionAlignment, plus ? 0 : kImageBase});
-  Put32(out, {kSectionAlignment, kFileAlignment, 4, 0, 4, 0});  // then versions
-  Put32(out, {imageSize, kFileAlignment, 0});                   // image, headers, checksum
-  Put16(out, {2, 0x100});                                       // subsystem: windows
-  out.resize(out.size() + (plus ? 32 : 16) + 4);                // stack and heap, flags
-  Put32(out, {kDirectories, 0, 0, 0, 0, kSectionAlignment, resourcesSize});
-  out.resize(out.size() + std::size_t{8} * (kDirectories - 3));
+  Put32(out, {plus ? imageBase : sectionAlignment, plus ? 0 : imageBase});
+  Put32(out, {sectionAlignment, fileAlignment, 4, 0, 4, 0});  // then versions
+  Put32(out, {imageSize, fileAlignment, 0});                  // image, headers, checksum
+  Put16(out, {2, 0x100});                                     // subsystem: windows
+  out.resize(out.size() + (plus ? 32 : 16) + 4);              // stack and heap, flags
+  Put32(out, {directories, 0, 0, 0, 0, sectionAlignment, resourcesSize});
+  out.resize(out.size() + std::size_t{8} * (directories - 3));
 
   out.append(".rsrc\0\0\0", 8);
-  Put32(out, {resourcesSize, kSectionAlignment, sizeInFile, kFileAlignment, 0, 0, 0});
+  Put32(out, {resourcesSize, sectionAlignment, sizeInFile, fileAlignment, 0, 0, 0});
   Put32(out, {0x40000040});  // initialized data, readable
-  out.resize(kFileAlignment);
+  out.resize(fileAlignment);
   return out;
 }
 
@@ -122,9 +122,9 @@ std::string MakeHeaders(PeFormat format, std::uint32_t resourcesSize) {
 
 std::string MakeStringLibrary(const std::vector<std::pair<std::uint16_t, StringTable>>& languages,
                               PeFormat format) {
-  std::string resources = MakeResources(MakeBlocks(languages), kSectionAlignment);
+  std::string resources = MakeResources(MakeBlocks(languages), sectionAlignment);
   std::string library = MakeHeaders(format, Size(resources));
-  resources.resize(AlignedUp(Size(resources), kFileAlignment));
+  resources.resize(AlignedUp(Size(resources), fileAlignment));
   return library + resources;
 }
 

@@ -14,7 +14,7 @@ namespace dialwright {
 
 namespace {
 
-int wholeNumber(const std::string& text) {
+int WholeNumber(const std::string& text) {
   int value = 0;
   const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (fault != std::errc() || end != text.data() + text.size())
@@ -22,12 +22,12 @@ int wholeNumber(const std::string& text) {
   return value;
 }
 
-bool isNumber(const std::string& text) {
+bool IsNumber(const std::string& text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-int gridNumber(const std::string& text) {
-  const int grid = wholeNumber(text);
+int GridNumber(const std::string& text) {
+  const int grid = WholeNumber(text);
   if (grid < 0 || grid >= gridCount) throw TranscriptError{"no such grid: " + text};
   return grid;
 }
@@ -41,7 +41,7 @@ struct Player::Verb {
   void (*play)(Player& player, const Words& words, const std::vector<std::string>& given);
 };
 
-const Player::Verb* Player::find(const std::string& name) {
+const Player::Verb* Player::Find(const std::string& name) {
   using Given = std::vector<std::string>;
   static constexpr Verb verbs[] = {
       {"server", 3, [](Player& p, const Words& w, const Given&) { SetServer(p.world, w); }},
@@ -52,64 +52,64 @@ const Player::Verb* Player::find(const std::string& name) {
       {"remove", 2, [](Player& p, const Words& w, const Given&) { RemovePath(p.world, w); }},
       {"library", 2, [](Player& p, const Words& w, const Given& g) { MakeLibrary(p.world, w, g); }},
       {"locale", 2, [](Player& p, const Words& w, const Given&) { SetLocale(p.world, w); }},
-      {"lock", 2, [](Player& p, const Words& w, const Given&) { p.world.files.lock(w[1]); }},
-      {"unlock", 2, [](Player& p, const Words& w, const Given&) { p.world.files.unlock(w[1]); }},
+      {"lock", 2, [](Player& p, const Words& w, const Given&) { p.world.files.Lock(w[1]); }},
+      {"unlock", 2, [](Player& p, const Words& w, const Given&) { p.world.files.Unlock(w[1]); }},
       {"clock", 3, [](Player& p, const Words& w, const Given&) { SetClock(p.world, w); }},
       {"component", 2, [](Player& p, const Words& w, const Given&) { SetComponent(p.world, w); }},
       {"answer", 2, [](Player& p, const Words& w, const Given&) { AddAnswers(p.world, w); }},
 
-      {"start", 1, [](Player& p, const Words&, const Given&) { p.start(); }},
+      {"start", 1, [](Player& p, const Words&, const Given&) { p.Start(); }},
       {"click", 2,
-       [](Player& p, const Words& w, const Given&) { p.act([&] { return p.user->click(w[1]); }); }},
+       [](Player& p, const Words& w, const Given&) { p.Act([&] { return p.user->Click(w[1]); }); }},
       {"set", 3,
        [](Player& p, const Words& w, const Given&) {
-         const int value = wholeNumber(w[2]);
-         p.act([&] { return p.user->set(w[1], value); });
+         const int value = WholeNumber(w[2]);
+         p.Act([&] { return p.user->Set(w[1], value); });
        }},
       {"tab", 2,
        [](Player& p, const Words& w, const Given&) {
-         const int tab = wholeNumber(w[1]);
-         p.act([&] { return p.user->tab(tab); });
+         const int tab = WholeNumber(w[1]);
+         p.Act([&] { return p.user->Tab(tab); });
        }},
       {"row", 3,
        [](Player& p, const Words& w, const Given&) {
-         const int grid = gridNumber(w[1]);
-         p.act([&] {
-           return isNumber(w[2]) ? p.user->row(grid, wholeNumber(w[2]))
-                                 : p.user->row(grid, std::string_view(w[2]));
+         const int grid = GridNumber(w[1]);
+         p.Act([&] {
+           return IsNumber(w[2]) ? p.user->Row(grid, WholeNumber(w[2]))
+                                 : p.user->Row(grid, std::string_view(w[2]));
          });
        }},
       {"type", 2,
        [](Player& p, const Words& w, const Given&) {
-         p.act([&] { return p.user->type(w[1], true); });
+         p.Act([&] { return p.user->Type(w[1], true); });
        }},
       {"add", 2,
        [](Player& p, const Words& w, const Given&) {
-         p.act([&] { return p.user->type(w[1], false); });
+         p.Act([&] { return p.user->Type(w[1], false); });
        }},
       {"leave", 1,
-       [](Player& p, const Words&, const Given&) { p.act([&] { return p.user->leave(); }); }},
+       [](Player& p, const Words&, const Given&) { p.Act([&] { return p.user->Leave(); }); }},
       {"spin", 2,
        [](Player& p, const Words& w, const Given&) {
          if (w[1] != "up" && w[1] != "down") throw TranscriptError{"spin up | down"};
-         p.act([&] { return p.user->spin(w[1] == "up"); });
+         p.Act([&] { return p.user->Spin(w[1] == "up"); });
        }},
       {"close", 1,
-       [](Player& p, const Words&, const Given&) { p.act([&] { return p.user->close(); }); }},
+       [](Player& p, const Words&, const Given&) { p.Act([&] { return p.user->Close(); }); }},
 
       {"form", 1,
        [](Player& p, const Words&, const Given&) { ShowForm(p.world.program, p.printer); }},
       {"grid", 2,
        [](Player& p, const Words& w, const Given&) {
-         ShowGrid(p.world.program, gridNumber(w[1]), true, p.printer);
+         ShowGrid(p.world.program, GridNumber(w[1]), true, p.printer);
        }},
       {"keys", 2,
        [](Player& p, const Words& w, const Given&) {
-         ShowGrid(p.world.program, gridNumber(w[1]), false, p.printer);
+         ShowGrid(p.world.program, GridNumber(w[1]), false, p.printer);
        }},
       {"edit", 2,
        [](Player& p, const Words& w, const Given&) {
-         ShowEdit(p.world.program, gridNumber(w[1]), p.printer);
+         ShowEdit(p.world.program, GridNumber(w[1]), p.printer);
        }},
       {"setup", 1,
        [](Player& p, const Words&, const Given&) { ShowSetup(p.world.program, p.printer); }},
@@ -132,67 +132,67 @@ Player::Player(const MakeUser& makeUser) : world(printer), user(makeUser(world.p
   const auto shown = world.program.aboutCreated;
   world.program.aboutCreated = [this, shown](frmAbout& about) {
     if (shown) shown(about);
-    watchAbout(about);
+    WatchAbout(about);
   };
 }
 
 Player::~Player() = default;
 
-std::vector<std::string> Player::play(const Step& step) {
+std::vector<std::string> Player::Play(const Step& step) {
   printer.lines.clear();
   try {
     const Words words = SplitWords(step.text);
-    const Verb* verb = words.empty() ? nullptr : find(words[0]);
+    const Verb* verb = words.empty() ? nullptr : Find(words[0]);
     if (verb == nullptr) throw TranscriptError{"no such step: " + step.text};
     if (words.size() < verb->fewestWords) throw TranscriptError{"too few words: " + step.text};
     verb->play(*this, words, step.given);
   } catch (const TranscriptError& error) {
-    printer.line("error: " + error.message);
+    printer.Line("error: " + error.message);
   } catch (const std::exception& error) {
-    printer.line(std::string("error: ") + error.what());
+    printer.Line(std::string("error: ") + error.what());
   }
   return std::exchange(printer.lines, {});
 }
 
-void Player::start() {
+void Player::Start() {
   if (started) {
-    printer.line("refused");
+    printer.Line("refused");
     return;
   }
   started = true;
-  guarded([this] {
+  Guarded([this] {
     Form_Load(*world.program.main);
-    user->started();
+    user->Started();
   });
 }
 
-void Player::act(const std::function<Outcome()>& step) {
+void Player::Act(const std::function<Outcome()>& step) {
   if (!started || ended) {
-    printer.line("refused");
+    printer.Line("refused");
     return;
   }
-  guarded([&] {
-    if (step() == Outcome::refused) printer.line("refused");
+  Guarded([&] {
+    if (step() == Outcome::refused) printer.Line("refused");
   });
 }
 
-void Player::guarded(const std::function<void()>& step) {
+void Player::Guarded(const std::function<void()>& step) {
   try {
     step();
   } catch (const EndProgram&) {
     ended = true;
-    printer.line("ended");
+    printer.Line("ended");
   }
 }
 
-void Player::watchAbout(frmAbout& about) {
+void Player::WatchAbout(frmAbout& about) {
   // The box tells every change of its state; only its coming and going are printed.
   const auto shown = about.changed;
   about.changed = [this, &about, shown, up = false]() mutable {
     if (shown) shown();
     if (about.Shown == up) return;
     up = about.Shown;
-    printer.line(up ? "show frmAbout" : "hide frmAbout");
+    printer.Line(up ? "show frmAbout" : "hide frmAbout");
   };
 }
 

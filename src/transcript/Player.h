@@ -23,20 +23,20 @@ class Player {
 
   /// What the step prints. An error of the transcript is printed as a line that begins with "error:
   /// ".
-  std::vector<std::string> play(const Step& step);
+  std::vector<std::string> Play(const Step& step);
   /// For whoever wants to see more than the steps print.
   World& TheWorld() { return world; }
 
  private:
   struct Verb;
-  static const Verb* find(const std::string& name);
+  static const Verb* Find(const std::string& name);
 
-  void start();
+  void Start();
   /// A user's step; prints "refused" where it is.
-  void act(const std::function<Outcome()>& step);
+  void Act(const std::function<Outcome()>& step);
   /// Runs what may end the program.
-  void guarded(const std::function<void()>& step);
-  void watchAbout(frmAbout& about);
+  void Guarded(const std::function<void()>& step);
+  void WatchAbout(frmAbout& about);
 
   Printer printer;
   World world;

@@ -8,7 +8,7 @@ namespace dialwright {
 
 /// The lines that a step prints.
 struct Printer {
-  void line(std::string text) { lines.push_back(std::move(text)); }
+  void Line(std::string text) { lines.push_back(std::move(text)); }
 
   std::vector<std::string> lines;
 };

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view stepMark = "> ";
 
-std::vector<std::string> lines(std::string_view text) {
+std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> result;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
@@ -19,7 +19,7 @@ std::vector<std::string> lines(std::string_view text) {
   return result;
 }
 
-bool isRemark(const std::string& line) { return line.empty() || line.front() == ';'; }
+bool IsRemark(const std::string& line) { return line.empty() || line.front() == ';'; }
 
 }  // namespace
 
@@ -37,7 +37,7 @@ bool GivenText(std::string_view line, std::string& text) {
 Transcript ParseTranscript(std::string_view text) {
   Transcript transcript;
   std::size_t number = 0;
-  for (std::string& line : lines(text)) {
+  for (std::string& line : Lines(text)) {
     ++number;
     if (line.starts_with(stepMark)) {
       Step step;
@@ -55,7 +55,7 @@ Transcript ParseTranscript(std::string_view text) {
     const bool nothingYet = step.expected.empty() && step.remarks.empty();
     if (nothingYet && TakesText(step.text) && GivenText(line, given))
       step.given.push_back(std::move(given));
-    else if (isRemark(line))
+    else if (IsRemark(line))
       step.remarks.push_back(std::move(line));
     else
       step.expected.push_back(std::move(line));

@@ -18,25 +18,25 @@ class User {
   virtual ~User() = default;
 
   /// The start-up sequence is through and the form comes up.
-  virtual void started() {}
+  virtual void Started() {}
 
   /// Presses a button or picks a menu item.
-  virtual Outcome click(std::string_view name) = 0;
+  virtual Outcome Click(std::string_view name) = 0;
   /// Clicks a check box once if its value is not that already.
-  virtual Outcome set(std::string_view name, int value) = 0;
-  virtual Outcome tab(int tab) = 0;
+  virtual Outcome Set(std::string_view name, int value) = 0;
+  virtual Outcome Tab(int tab) = 0;
   /// Clicks the place of a data row of a grid.
-  virtual Outcome row(int grid, int row) = 0;
+  virtual Outcome Row(int grid, int row) = 0;
   /// Moves the focus to the grid, then clicks the row that bears the token.
-  virtual Outcome row(int grid, std::string_view token) = 0;
+  virtual Outcome Row(int grid, std::string_view token) = 0;
   /// Types into the edit box of the current tab: with everything selected first, or at its end. An
   /// empty text with everything selected presses the backspace key.
-  virtual Outcome type(std::string_view text, bool selectAll) = 0;
+  virtual Outcome Type(std::string_view text, bool selectAll) = 0;
   /// Moves the focus to the grid of the current tab.
-  virtual Outcome leave() = 0;
-  virtual Outcome spin(bool up) = 0;
+  virtual Outcome Leave() = 0;
+  virtual Outcome Spin(bool up) = 0;
   /// The close box.
-  virtual Outcome close() = 0;
+  virtual Outcome Close() = 0;
 };
 
 }  // namespace dialwright

@@ -14,91 +14,91 @@ namespace {
 constexpr std::int32_t englishLanguage = 1033;
 constexpr std::string_view programFolder = "C:\\Dialwright";
 
-std::string lockKey(std::string_view path) { return LowerCase(path); }
+std::string LockKey(std::string_view path) { return LowerCase(path); }
 
 }  // namespace
 
-void LockableFiles::lock(std::string_view path) { locked.insert(lockKey(path)); }
-void LockableFiles::unlock(std::string_view path) { locked.erase(lockKey(path)); }
+void LockableFiles::Lock(std::string_view path) { locked.insert(LockKey(path)); }
+void LockableFiles::Unlock(std::string_view path) { locked.erase(LockKey(path)); }
 
-bool LockableFiles::isLocked(std::string_view path) const { return locked.contains(lockKey(path)); }
+bool LockableFiles::IsLocked(std::string_view path) const { return locked.contains(LockKey(path)); }
 
-void LockableFiles::refuseLocked(std::string_view path) const {
-  if (isLocked(path)) throw RuntimeFailure(Failure::permissionDenied);
+void LockableFiles::RefuseLocked(std::string_view path) const {
+  if (IsLocked(path)) throw RuntimeFailure(Failure::permissionDenied);
 }
 
-std::optional<FileStamp> LockableFiles::stamp(std::string_view path) {
+std::optional<FileStamp> LockableFiles::Stamp(std::string_view path) {
   // What cannot be opened has nothing to be known by: whoever kept a copy has to open it again.
-  if (isLocked(path)) return {};
-  return files.stamp(path);
+  if (IsLocked(path)) return {};
+  return files.Stamp(path);
 }
 
-std::vector<std::string> LockableFiles::fileNames(std::string_view folder) {
-  return files.fileNames(folder);
+std::vector<std::string> LockableFiles::FileNames(std::string_view folder) {
+  return files.FileNames(folder);
 }
 
-std::string LockableFiles::read(std::string_view path) {
-  refuseLocked(path);
-  return files.read(path);
+std::string LockableFiles::Read(std::string_view path) {
+  RefuseLocked(path);
+  return files.Read(path);
 }
 
-std::unique_ptr<OutputFile> LockableFiles::open(std::string_view path, Opening opening,
+std::unique_ptr<OutputFile> LockableFiles::Open(std::string_view path, Opening opening,
                                                 bool create) {
-  refuseLocked(path);
-  return files.open(path, opening, create);
+  RefuseLocked(path);
+  return files.Open(path, opening, create);
 }
 
-void LockableFiles::replace(std::string_view path, std::string_view bytes) {
-  refuseLocked(path);
-  files.replace(path, bytes);
+void LockableFiles::Replace(std::string_view path, std::string_view bytes) {
+  RefuseLocked(path);
+  files.Replace(path, bytes);
 }
 
-void LockableFiles::copy(std::string_view from, std::string_view to, bool overwrite) {
-  refuseLocked(from);
-  refuseLocked(to);
-  files.copy(from, to, overwrite);
+void LockableFiles::Copy(std::string_view from, std::string_view to, bool overwrite) {
+  RefuseLocked(from);
+  RefuseLocked(to);
+  files.Copy(from, to, overwrite);
 }
 
-void LockableFiles::remove(std::string_view path, bool force) {
-  refuseLocked(path);
-  files.remove(path, force);
+void LockableFiles::Remove(std::string_view path, bool force) {
+  RefuseLocked(path);
+  files.Remove(path, force);
 }
 
-void LockableFiles::createFolder(std::string_view path) { files.createFolder(path); }
+void LockableFiles::CreateFolder(std::string_view path) { files.CreateFolder(path); }
 
 MsgBoxAnswer ScriptedMessages::MsgBox(std::string_view text, MsgBoxButtons buttons,
                                       std::string_view title) {
   const std::string shownTitle = title.empty() ? "" : " title " + Shown(title);
   if (buttons == MsgBoxButtons::OK) {
-    printer.line("msgbox OK " + Shown(text) + shownTitle);
+    printer.Line("msgbox OK " + Shown(text) + shownTitle);
     return MsgBoxAnswer::OK;
   }
   if (answers.empty()) {
-    printer.line("error: no answer waits for " + Shown(text));
+    printer.Line("error: no answer waits for " + Shown(text));
     return MsgBoxAnswer::No;
   }
   const MsgBoxAnswer answer = answers.front();
   answers.pop_front();
-  printer.line("msgbox YesNo " + Shown(text) + shownTitle +
+  printer.Line("msgbox YesNo " + Shown(text) + shownTitle +
                (answer == MsgBoxAnswer::Yes ? " Yes" : " No"));
   return answer;
 }
 
 void PrintedProcesses::Shell(std::string_view commandLine, WindowState state,
                              std::string_view currentFolder) {
-  printer.line("shell " + std::to_string(static_cast<int>(state)) + " " + Shown(commandLine) +
+  printer.Line("shell " + std::to_string(static_cast<int>(state)) + " " + Shown(commandLine) +
                " in " + Shown(currentFolder));
 }
 
 WindowHandle PrintedHelp::HtmlHelpA(WindowHandle, std::string_view path, unsigned command,
                                     std::uintptr_t) {
-  printer.line("help " + Shown(path) + " " + std::to_string(command));
+  printer.Line("help " + Shown(path) + " " + std::to_string(command));
   shown = 1;
   return shown;
 }
 
 void PrintedHelp::SendMessageA(WindowHandle, unsigned, std::uintptr_t, std::uintptr_t) {
-  printer.line("help closed");
+  printer.Line("help closed");
   shown = 0;
 }
 
@@ -108,7 +108,7 @@ class ScriptedComponent : public ScriptChecksumComponent {
  public:
   explicit ScriptedComponent(ScriptedChecksums& script) : checksums(script) {}
   std::int32_t CalculateFileChecksum(std::int32_t stamp, std::string_view path) override {
-    return checksums.answer(stamp, path);
+    return checksums.Answer(stamp, path);
   }
 
  private:
@@ -122,8 +122,8 @@ std::unique_ptr<ScriptChecksumComponent> ScriptedChecksums::CreateObject() {
   return std::make_unique<ScriptedComponent>(*this);
 }
 
-std::int32_t ScriptedChecksums::answer(std::int32_t stamp, std::string_view path) {
-  printer.line("component " + std::to_string(stamp) + " " + Shown(path));
+std::int32_t ScriptedChecksums::Answer(std::int32_t stamp, std::string_view path) {
+  printer.Line("component " + std::to_string(stamp) + " " + Shown(path));
   if (answers.empty()) return own.CreateObject()->CalculateFileChecksum(stamp, path);
   const std::optional<std::int32_t> next = answers.front();
   if (answers.size() > 1) answers.pop_front();
@@ -143,13 +143,13 @@ World::World(Printer& output)
       program(Services{files, registry, clock, processes, messages, checksums, languages, help},
               std::string(programFolder), "Dialwright") {
   ConnectEvents(*program.main);
-  std::filesystem::create_directories(hostPath(programFolder));
+  std::filesystem::create_directories(HostPath(programFolder));
 }
 
 World::~World() = default;
 
-void World::makeFile(std::string_view path, std::string_view bytes) {
-  const std::filesystem::path host = hostPath(path);
+void World::MakeFile(std::string_view path, std::string_view bytes) {
+  const std::filesystem::path host = HostPath(path);
   std::filesystem::create_directories(host.parent_path());
   std::ofstream file(host, std::ios::binary | std::ios::trunc);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

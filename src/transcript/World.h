@@ -27,22 +27,22 @@ class LockableFiles : public FileStore {
  public:
   explicit LockableFiles(FileStore& realFiles) : files(realFiles) {}
 
-  void lock(std::string_view path);
-  void unlock(std::string_view path);
+  void Lock(std::string_view path);
+  void Unlock(std::string_view path);
 
-  Kind kind(std::string_view path) override { return files.kind(path); }
-  std::optional<FileStamp> stamp(std::string_view path) override;
-  std::vector<std::string> fileNames(std::string_view folder) override;
-  std::string read(std::string_view path) override;
-  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override;
-  void replace(std::string_view path, std::string_view bytes) override;
-  void copy(std::string_view from, std::string_view to, bool overwrite) override;
-  void remove(std::string_view path, bool force) override;
-  void createFolder(std::string_view path) override;
+  Kind KindOf(std::string_view path) override { return files.KindOf(path); }
+  std::optional<FileStamp> Stamp(std::string_view path) override;
+  std::vector<std::string> FileNames(std::string_view folder) override;
+  std::string Read(std::string_view path) override;
+  std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override;
+  void Replace(std::string_view path, std::string_view bytes) override;
+  void Copy(std::string_view from, std::string_view to, bool overwrite) override;
+  void Remove(std::string_view path, bool force) override;
+  void CreateFolder(std::string_view path) override;
 
  private:
-  bool isLocked(std::string_view path) const;
-  void refuseLocked(std::string_view path) const;
+  bool IsLocked(std::string_view path) const;
+  void RefuseLocked(std::string_view path) const;
 
   FileStore& files;
   std::set<std::string> locked;
@@ -101,7 +101,7 @@ class ScriptedChecksums : public ScriptChecksumFactory {
  public:
   ScriptedChecksums(FileStore& files, Printer& output) : own(files), printer(output) {}
   std::unique_ptr<ScriptChecksumComponent> CreateObject() override;
-  std::int32_t answer(std::int32_t stamp, std::string_view path);
+  std::int32_t Answer(std::int32_t stamp, std::string_view path);
 
   bool present = true;
   /// The answers to come, the last of which stays; nothing in it is a call that fails. Empty: the
@@ -123,9 +123,9 @@ class World {
   World& operator=(const World&) = delete;
 
   /// Where a path of the system really lies.
-  std::filesystem::path hostPath(std::string_view path) const { return root.hostPath(path); }
+  std::filesystem::path HostPath(std::string_view path) const { return root.HostPath(path); }
   /// Makes a file and its folders.
-  void makeFile(std::string_view path, std::string_view bytes);
+  void MakeFile(std::string_view path, std::string_view bytes);
 
  private:
   WorldFolder root;

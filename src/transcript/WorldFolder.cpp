@@ -10,7 +10,7 @@ WorldFolder::~WorldFolder() {
   std::filesystem::remove_all(path, ignored);
 }
 
-std::filesystem::path WorldFolder::hostPath(std::string_view systemPath) const {
+std::filesystem::path WorldFolder::HostPath(std::string_view systemPath) const {
   const std::string slashed = ReplaceAll(systemPath, "\\", "/");
   const bool hasDrive = slashed.size() > 1 && slashed[1] == ':';
   const std::string drive = "drive_" + LowerCase(hasDrive ? slashed.substr(0, 1) : "c");

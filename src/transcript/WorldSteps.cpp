@@ -17,17 +17,17 @@ constexpr std::string_view tesselKey = "SOFTWARE\\Varlo Systems\\Varlo Merid";
 constexpr std::string_view meridKey = "Software\\Quillon";
 constexpr std::string_view telhostKey = "SOFTWARE\\Quillon\\Telhost\\1.0";
 
-void need(bool holds, const std::string& message) {
+void Need(bool holds, const std::string& message) {
   if (!holds) throw TranscriptError{message};
 }
 
-std::int64_t number(std::string_view text) {
+std::int64_t Number(std::string_view text) {
   const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
   const std::string_view digits = hexadecimal ? text.substr(2) : text;
   std::int64_t value = 0;
   const auto [end, fault] =
       std::from_chars(digits.data(), digits.data() + digits.size(), value, hexadecimal ? 16 : 10);
-  need(fault == std::errc() && end == digits.data() + digits.size(),
+  Need(fault == std::errc() && end == digits.data() + digits.size(),
        "not a number: " + std::string(text));
   return value;
 }
@@ -36,27 +36,27 @@ struct Version {
   int major, minor, release, build;
 };
 
-Version version(const std::string& text) {
+Version ParseVersion(const std::string& text) {
   Version v{};
   int end = 0;
   const int read =
       std::sscanf(text.c_str(), "%d.%d(%d.%d)%n", &v.major, &v.minor, &v.release, &v.build, &end);
-  need(read == 4 && static_cast<std::size_t>(end) == text.size(), "not a version: " + text);
+  Need(read == 4 && static_cast<std::size_t>(end) == text.size(), "not a version: " + text);
   return v;
 }
 
-bool fits16(int value) {
+bool Fits16(int value) {
   using Limits = std::numeric_limits<std::int16_t>;
   return value >= Limits::min() && value <= Limits::max();
 }
 
 /// The number whose hexadecimal digits are the decimal ones of `value`.
-std::uint32_t shownInHexadecimal(int value) {
-  need(value >= 0 && value <= 9999, "cannot be stored: " + std::to_string(value));
-  return static_cast<std::uint32_t>(number("0x" + std::to_string(value)));
+std::uint32_t ShownInHexadecimal(int value) {
+  Need(value >= 0 && value <= 9999, "cannot be stored: " + std::to_string(value));
+  return static_cast<std::uint32_t>(Number("0x" + std::to_string(value)));
 }
 
-std::string joined(const std::vector<std::string>& lines, std::string_view end, bool open) {
+std::string Joined(const std::vector<std::string>& lines, std::string_view end, bool open) {
   std::string text;
   for (const std::string& line : lines) text.append(line).append(end);
   if (open && !lines.empty()) text.resize(text.size() - end.size());
@@ -69,7 +69,7 @@ struct Line {
   std::string end;
 };
 
-std::vector<Line> splitLines(std::string_view bytes) {
+std::vector<Line> SplitLines(std::string_view bytes) {
   std::vector<Line> lines;
   while (!bytes.empty()) {
     const std::size_t feed = bytes.find('\n');
@@ -85,22 +85,22 @@ std::vector<Line> splitLines(std::string_view bytes) {
   return lines;
 }
 
-std::string marked(const Line& line) {
+std::string Marked(const Line& line) {
   const std::string end = line.end == "\r\n" ? "" : line.end.empty() ? "<EOF>" : "<LF>";
   return ReplaceAll(line.text, "\r", "<CR>") + end;
 }
 
 /// The bytes of a file to look at; prints "missing" where there is none.
-bool readForShow(World& world, const std::string& path, std::string& bytes) {
-  if (world.disk.kind(path) != FileStore::Kind::file) {
-    world.printer.line("missing");
+bool ReadForShow(World& world, const std::string& path, std::string& bytes) {
+  if (world.disk.KindOf(path) != FileStore::Kind::file) {
+    world.printer.Line("missing");
     return false;
   }
-  bytes = world.disk.read(path);
+  bytes = world.disk.Read(path);
   return true;
 }
 
-std::string_view trimmedOfBlanksAndTabs(std::string_view text) {
+std::string_view TrimmedOfBlanksAndTabs(std::string_view text) {
   constexpr std::string_view white = " \t";
   const std::size_t first = text.find_first_not_of(white);
   if (first == std::string_view::npos) return {};
@@ -110,86 +110,86 @@ std::string_view trimmedOfBlanksAndTabs(std::string_view text) {
 }  // namespace
 
 void SetServer(World& world, const Words& words) {
-  need(words.size() == 3, "server EDITION VERSION");
+  Need(words.size() == 3, "server EDITION VERSION");
   WorldRegistry& registry = world.registry;
-  registry.removeKey(tesselKey);
-  for (const char* name : {"Version Number", "Build Number"}) registry.removeValue(meridKey, name);
-  registry.removeValue(telhostKey, "Root Path");
-  const Version v = version(words[2]);
+  registry.RemoveKey(tesselKey);
+  for (const char* name : {"Version Number", "Build Number"}) registry.RemoveValue(meridKey, name);
+  registry.RemoveValue(telhostKey, "Root Path");
+  const Version v = ParseVersion(words[2]);
   const auto set = [&registry](std::string_view key, std::string_view name, int value) {
-    registry.set(key, name, RegistryValue::doubleWord(static_cast<std::uint32_t>(value)));
+    registry.Set(key, name, RegistryValue::DoubleWord(static_cast<std::uint32_t>(value)));
   };
   if (words[1] == "merid") {
-    need(fits16(v.build), "cannot be stored: " + words[2]);
-    const std::uint32_t numbers = shownInHexadecimal(v.major) << 16 | shownInHexadecimal(v.minor);
+    Need(Fits16(v.build), "cannot be stored: " + words[2]);
+    const std::uint32_t numbers = ShownInHexadecimal(v.major) << 16 | ShownInHexadecimal(v.minor);
     const std::uint32_t build =
-        shownInHexadecimal(v.release) << 16 | (static_cast<std::uint32_t>(v.build) & 0xFFFF);
-    registry.set(meridKey, "Version Number", RegistryValue::doubleWord(numbers));
-    registry.set(meridKey, "Build Number", RegistryValue::doubleWord(build));
-    registry.set(telhostKey, "Root Path", RegistryValue::text("C:\\Telhost\\"));
+        ShownInHexadecimal(v.release) << 16 | (static_cast<std::uint32_t>(v.build) & 0xFFFF);
+    registry.Set(meridKey, "Version Number", RegistryValue::DoubleWord(numbers));
+    registry.Set(meridKey, "Build Number", RegistryValue::DoubleWord(build));
+    registry.Set(telhostKey, "Root Path", RegistryValue::Text("C:\\Telhost\\"));
   } else if (words[1] == "tessel") {
     for (const int part : {v.major, v.minor, v.release, v.build})
-      need(fits16(part), "cannot be stored: " + words[2]);
+      Need(Fits16(part), "cannot be stored: " + words[2]);
     set(tesselKey, "MajorVersion", v.major);
     set(tesselKey, "MinorVersion", v.minor);
     set(tesselKey, "ReleaseVersion", v.release);
     set(tesselKey, "BuildVersion", v.build);
-    registry.set(tesselKey, "InstalledFolderPath", RegistryValue::text("C:\\Telhost"));
+    registry.Set(tesselKey, "InstalledFolderPath", RegistryValue::Text("C:\\Telhost"));
   } else {
     throw TranscriptError{"no such edition: " + words[1]};
   }
 }
 
 void SetRegistryValue(World& world, const Words& words) {
-  need(words.size() >= 4, "registry KEY VALUE KIND");
+  Need(words.size() >= 4, "registry KEY VALUE KIND");
   if (words[3] == "absent") {
-    world.registry.removeValue(words[1], words[2]);
+    world.registry.RemoveValue(words[1], words[2]);
     return;
   }
-  need(words.size() == 5, "registry KEY VALUE KIND DATA");
+  Need(words.size() == 5, "registry KEY VALUE KIND DATA");
   if (words[3] == "string") {
-    world.registry.set(words[1], words[2], RegistryValue::text(words[4]));
+    world.registry.Set(words[1], words[2], RegistryValue::Text(words[4]));
   } else if (words[3] == "dword") {
-    world.registry.set(words[1], words[2],
-                       RegistryValue::doubleWord(static_cast<std::uint32_t>(number(words[4]))));
+    world.registry.Set(words[1], words[2],
+                       RegistryValue::DoubleWord(static_cast<std::uint32_t>(Number(words[4]))));
   } else {
     throw TranscriptError{"no such kind: " + words[3]};
   }
 }
 
 void MakeFile(World& world, const Words& words, const std::vector<std::string>& lines) {
-  need(words.size() >= 2, "file PATH");
+  Need(words.size() >= 2, "file PATH");
   const auto has = [&words](std::string_view option) {
     return std::find(words.begin() + 2, words.end(), option) != words.end();
   };
-  const std::string text = joined(lines, has("lf") ? "\n" : "\r\n", has("open"));
-  world.makeFile(words[1], has("utf8") ? text : Utf8ToAnsi(text));
+  const std::string text = Joined(lines, has("lf") ? "\n" : "\r\n", has("open"));
+  world.MakeFile(words[1], has("utf8") ? text : Utf8ToAnsi(text));
 }
 
 void CopyProjectFile(World& world, const Words& words) {
-  need(words.size() == 3, "copy FROM PATH");
+  Need(words.size() == 3, "copy FROM PATH");
   const std::filesystem::path from = std::filesystem::path(DIALWRIGHT_SOURCE_DIR) / words[1];
-  const std::filesystem::path to = world.hostPath(words[2]);
+  const std::filesystem::path to = world.HostPath(words[2]);
   std::error_code fault;
   std::filesystem::create_directories(to.parent_path(), fault);
   std::filesystem::copy(
       from, to,
       std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing,
       fault);
-  need(!fault, "cannot copy " + words[1] + ": " + fault.message());
+  Need(!fault, "cannot copy " + words[1] + ": " + fault.message());
 }
 
 void RemovePath(World& world, const Words& words) {
-  need(words.size() == 2, "remove PATH");
-  need(std::filesystem::remove_all(world.hostPath(words[1])) > 0, "not there: " + words[1]);
+  Need(words.size() == 2, "remove PATH");
+  Need(std::filesystem::remove_all(world.HostPath(words[1])) > 0, "not there: " + words[1]);
 }
 
 void MakeLibrary(World& world, const Words& words, const std::vector<std::string>& lines) {
-  need(words.size() == 2, "library PATH");
+  Need(words.size() == 2, "library PATH");
   StringTable strings;
   for (const std::string& line : lines) {
     const std::size_t blank = line.find(' ');
-    need(blank != std::string::npos, "not a numbered text: " + line);
+    Need(blank != std::string::npos, "not a numbered text: " + line);
     const std::string text =
         ReplaceAll(ReplaceAll(line.substr(blank + 1), "<CR>", "\r"), "<LF>", "\n");
     const std::string bytes = Utf8ToUtf16(text);
@@ -197,66 +197,66 @@ void MakeLibrary(World& world, const Words& words, const std::vector<std::string
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
       units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
                                      static_cast<unsigned char>(bytes[i + 1]) << 8);
-    strings[static_cast<int>(number(line.substr(0, blank)))] = units;
+    strings[static_cast<int>(Number(line.substr(0, blank)))] = units;
   }
-  world.makeFile(words[1], MakeStringLibrary(strings));
+  world.MakeFile(words[1], MakeStringLibrary(strings));
 }
 
 void SetLocale(World& world, const Words& words) {
-  need(words.size() == 2, "locale N");
-  world.languages.defaultLanguage = static_cast<std::int32_t>(number(words[1]));
+  Need(words.size() == 2, "locale N");
+  world.languages.defaultLanguage = static_cast<std::int32_t>(Number(words[1]));
 }
 
 void SetClock(World& world, const Words& words) {
-  need(words.size() == 3, "clock DATE TIME");
+  Need(words.size() == 3, "clock DATE TIME");
   SystemTime time;
-  need(std::sscanf((words[1] + " " + words[2]).c_str(), "%d-%d-%d %d:%d:%d", &time.year,
+  Need(std::sscanf((words[1] + " " + words[2]).c_str(), "%d-%d-%d %d:%d:%d", &time.year,
                    &time.month, &time.day, &time.hour, &time.minute, &time.second) == 6,
        "not a date and time");
   world.clock.now = time;
 }
 
 void SetComponent(World& world, const Words& words) {
-  need(words.size() >= 2, "component off | on | returns N,N,...");
+  Need(words.size() >= 2, "component off | on | returns N,N,...");
   ScriptedChecksums& checksums = world.checksums;
   checksums.present = words[1] != "off";
   checksums.answers.clear();
   if (words[1] != "returns") {
-    need(words[1] == "on" || words[1] == "off", "no such component: " + words[1]);
+    Need(words[1] == "on" || words[1] == "off", "no such component: " + words[1]);
     return;
   }
-  need(words.size() == 3, "component returns N,N,...");
+  Need(words.size() == 3, "component returns N,N,...");
   for (const std::string_view answer : SplitAtCommas(words[2]))
     checksums.answers.push_back(
-        answer == "fail" ? std::nullopt : std::optional(static_cast<std::int32_t>(number(answer))));
+        answer == "fail" ? std::nullopt : std::optional(static_cast<std::int32_t>(Number(answer))));
 }
 
 void AddAnswers(World& world, const Words& words) {
   for (auto word = words.begin() + 1; word != words.end(); ++word) {
-    need(*word == "Yes" || *word == "No", "no such answer: " + *word);
+    Need(*word == "Yes" || *word == "No", "no such answer: " + *word);
     world.messages.answers.push_back(*word == "Yes" ? MsgBoxAnswer::Yes : MsgBoxAnswer::No);
   }
 }
 
 void ShowFile(World& world, const Words& words) {
-  need(words.size() == 2, "cat PATH");
+  Need(words.size() == 2, "cat PATH");
   std::string bytes;
-  if (!readForShow(world, words[1], bytes)) return;
+  if (!ReadForShow(world, words[1], bytes)) return;
   constexpr std::string_view mark = "\xFF\xFE";
   const bool wide = bytes.starts_with(mark);
-  if (wide) world.printer.line("UTF-16");
+  if (wide) world.printer.Line("UTF-16");
   const std::string text = wide ? Utf16ToUtf8(bytes.substr(mark.size())) : AnsiToUtf8(bytes);
-  for (const Line& line : splitLines(text)) world.printer.line("| " + marked(line));
+  for (const Line& line : SplitLines(text)) world.printer.Line("| " + Marked(line));
 }
 
 void ShowMacros(World& world, const Words& words) {
-  need(words.size() >= 2, "macros PATH KEY ...");
+  Need(words.size() >= 2, "macros PATH KEY ...");
   std::string bytes;
-  if (!readForShow(world, words[1], bytes)) return;
+  if (!ReadForShow(world, words[1], bytes)) return;
   bool inside = false;
   bool seen = false;
-  for (const Line& line : splitLines(AnsiToUtf8(bytes))) {
-    const std::string_view text = trimmedOfBlanksAndTabs(line.text);
+  for (const Line& line : SplitLines(AnsiToUtf8(bytes))) {
+    const std::string_view text = TrimmedOfBlanksAndTabs(line.text);
     if (text.starts_with("[")) {
       inside = !seen && EqualsIgnoringCase(text.substr(1, text.find(']') - 1), "MACROS");
       seen = seen || inside;
@@ -264,27 +264,27 @@ void ShowMacros(World& world, const Words& words) {
     }
     const std::size_t equals = text.find('=');
     if (!inside || equals == std::string_view::npos || text.starts_with(";")) continue;
-    const std::string_view key = trimmedOfBlanksAndTabs(text.substr(0, equals));
+    const std::string_view key = TrimmedOfBlanksAndTabs(text.substr(0, equals));
     if (words.size() == 2 ||
         std::any_of(words.begin() + 2, words.end(),
                     [key](const std::string& word) { return EqualsIgnoringCase(word, key); }))
-      world.printer.line(ReplaceAll(line.text, "\r", "<CR>"));
+      world.printer.Line(ReplaceAll(line.text, "\r", "<CR>"));
   }
 }
 
 void ShowFolder(World& world, const Words& words) {
-  need(words.size() == 2, "ls PATH");
-  const std::filesystem::path folder = world.hostPath(words[1]);
+  Need(words.size() == 2, "ls PATH");
+  const std::filesystem::path folder = world.HostPath(words[1]);
   std::error_code fault;
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder, fault))
     names.push_back(entry.path().filename().string());
   if (fault) {
-    world.printer.line("missing");
+    world.printer.Line("missing");
     return;
   }
   std::sort(names.begin(), names.end());
-  for (std::string& name : names) world.printer.line(std::move(name));
+  for (std::string& name : names) world.printer.Line(std::move(name));
 }
 
 }  // namespace dialwright

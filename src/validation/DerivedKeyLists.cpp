@@ -14,11 +14,11 @@ constexpr std::string_view keypad = "1234567890*#";
 /// What actions that work on the playing message in place have in their tokens.
 constexpr std::array<std::string_view, 4> inPlace{"_SLOWDOWN", "_SPEEDUP", "_PAUSE", "_VOLUME"};
 
-bool isTwoKeys(std::string_view key) { return CharacterCount(key) == 2; }
+bool IsTwoKeys(std::string_view key) { return CharacterCount(key) == 2; }
 
 /// The elements that `entry` makes something of, with commas between.
 template <class Entry>
-std::string list(std::string_view keyList, Entry entry) {
+std::string List(std::string_view keyList, Entry entry) {
   std::string result;
   for (const std::string_view element : SplitAtCommas(keyList)) {
     const std::string_view piece = entry(Trim(element));
@@ -40,16 +40,16 @@ std::string strGetInactiveKeys(std::string_view keyList) {
 }
 
 std::string strGetDoubleKeys(std::string_view keyList) {
-  return list(keyList, [](std::string_view key) -> std::string_view {
+  return List(keyList, [](std::string_view key) -> std::string_view {
     const std::string_view first = FirstCharacters(key, 1);
-    const bool doubled = isTwoKeys(key) && EqualsIgnoringCase(first, key.substr(first.size()));
+    const bool doubled = IsTwoKeys(key) && EqualsIgnoringCase(first, key.substr(first.size()));
     return doubled ? first : std::string_view();
   });
 }
 
 std::string strGetExtendedDoubleKeys(std::string_view keyList) {
-  return list(keyList,
-              [](std::string_view key) { return isTwoKeys(key) ? key : std::string_view(); });
+  return List(keyList,
+              [](std::string_view key) { return IsTwoKeys(key) ? key : std::string_view(); });
 }
 
 std::string strAddToTerminatePlaybackKeys(std::string_view runningList, std::string_view key,

@@ -10,7 +10,7 @@ namespace dialwright {
 
 namespace {
 
-std::string_view keyOf(const KeyGrid& grid, int row) {
+std::string_view KeyOf(const KeyGrid& grid, int row) {
   return Trim(grid.Text(row, Column::KeyAssignment));
 }
 
@@ -31,17 +31,17 @@ bool bKeyConflicts(std::string_view keyList, const ConflictKeys& keys) {
 
 std::string KeyList(const KeyGrid& grid) {
   std::string list;
-  for (int row = 1; row < grid.Rows(); ++row) list.append(keyOf(grid, row)).append(",");
+  for (int row = 1; row < grid.Rows(); ++row) list.append(KeyOf(grid, row)).append(",");
   return list;
 }
 
 bool RefusedAsDuplicate(frmMain& form, const MenuSection& section, int row) {
   const KeyGrid& grid = At(form.gridKeyMap, section.grid);
-  const std::string key(keyOf(grid, row));
+  const std::string key(KeyOf(grid, row));
   if (key.empty()) return false;
   int bearers = 0;
   for (int other = 1; other < grid.Rows(); ++other)
-    if (EqualsIgnoringCase(keyOf(grid, other), key)) ++bearers;
+    if (EqualsIgnoringCase(KeyOf(grid, other), key)) ++bearers;
   if (bearers < 2) return false;
 
   form.program.MsgBox(form.program.mymyLoadString(section.duplicateMessage) + key);

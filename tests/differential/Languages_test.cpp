@@ -97,7 +97,7 @@ int SameStrings(HMODULE module, const StringTableFile& file, const std::string& 
         LoadStringW(module, static_cast<UINT>(number), reinterpret_cast<LPWSTR>(&text), 0);
     std::optional<std::string> theirs;
     if (length > 0) theirs = NarrowText({text, static_cast<std::size_t>(length)});
-    if (file.find(number) != theirs) ADD_FAILURE() << name << " " << number;
+    if (file.Find(number) != theirs) ADD_FAILURE() << name << " " << number;
     if (theirs) ++strings;
   }
   return strings;
@@ -116,7 +116,7 @@ TEST(LanguagesTest, EveryLibraryOfTheSystem) {
     fs::path path = entry.path();
     const std::string name = path.filename().string();
     const LibraryHandle handle = languages.LoadLibraryExW(path.make_preferred().string(), 3);
-    const auto file = StringTableFile::parse(folder.read(path.string()));
+    const auto file = StringTableFile::Parse(folder.Read(path.string()));
     EXPECT_EQ(file.has_value(), handle != 0) << name;
     if (!file || handle == 0) continue;
     const int same = SameStrings(reinterpret_cast<HMODULE>(handle), *file, name);

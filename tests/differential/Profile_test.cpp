@@ -26,22 +26,22 @@ class ProfileTest : public testing::Test {
   // Never the same name twice: the system remembers files, and trusts their times.
   std::string make(std::string_view bytes) {
     const std::string name = "f" + std::to_string(++files) + ".cdh";
-    folder.write(name, bytes);
+    folder.Write(name, bytes);
     const std::string path = (folder / name).make_preferred().string();
-    store.put(path, bytes);
+    store.Put(path, bytes);
     return path;
   }
-  void remove(const std::string& path) {
-    store.remove(path, true);
+  void Remove(const std::string& path) {
+    store.Remove(path, true);
     DeleteFileW(WidePath(path).c_str());
   }
 
-  std::string ours(std::string_view section, std::string_view key, std::size_t size,
+  std::string Ours(std::string_view section, std::string_view key, std::size_t size,
                    const std::string& path) {
     return Utf8ToAnsi(profile.GetPrivateProfileStringA(AnsiToUtf8(section), AnsiToUtf8(key),
                                                        "(default)", size, path));
   }
-  static std::string theirs(const std::string& section, const std::string& key, std::size_t size,
+  static std::string Theirs(const std::string& section, const std::string& key, std::size_t size,
                             const std::string& path) {
     std::string buffer(size + 1, '\0');
     const DWORD count =
@@ -78,26 +78,26 @@ std::string GenerateFile(Dice& dice) {
   const std::string blanks[] = {"", "", "", " ", "\t", "  ", " \t "};
   const std::string lineEnds[] = {"\r\n", "\r\n", "\r\n", "\n", "\r", "\r\r\n", "\n\n"};
   constexpr std::string_view alphabet = "01239*#,ABC\"'= \t;[\\/%\x01\x7F\x80\x81\x9D\xA0\xE4\xFF";
-  const std::string usualEnd = dice.oneOf(lineEnds);
+  const std::string usualEnd = dice.OneOf(lineEnds);
   std::string file;
-  const std::size_t lines = dice.below(16);
+  const std::size_t lines = dice.Below(16);
   for (std::size_t i = 0; i < lines; ++i) {
     std::string line;
-    if (dice.oneIn(5)) {
-      line = dice.oneOf(headings);
-    } else if (dice.oneIn(6)) {
-      line = dice.oneOf(oddLines);
+    if (dice.OneIn(5)) {
+      line = dice.OneOf(headings);
+    } else if (dice.OneIn(6)) {
+      line = dice.OneOf(oddLines);
     } else {
       const std::string quotes[] = {"\"", "'", "", "", "\"\""};
-      const std::string mark = dice.oneOf(quotes);
-      const std::size_t longest = dice.oneIn(10) ? 300 : 8;
-      line = dice.oneOf(blanks) + dice.oneOf(keys) + dice.oneOf(blanks) + "=" + dice.oneOf(blanks) +
-             mark + dice.text(alphabet, longest) + (dice.oneIn(5) ? dice.oneOf(quotes) : mark) +
-             dice.oneOf(blanks);
+      const std::string mark = dice.OneOf(quotes);
+      const std::size_t longest = dice.OneIn(10) ? 300 : 8;
+      line = dice.OneOf(blanks) + dice.OneOf(keys) + dice.OneOf(blanks) + "=" + dice.OneOf(blanks) +
+             mark + dice.Text(alphabet, longest) + (dice.OneIn(5) ? dice.OneOf(quotes) : mark) +
+             dice.OneOf(blanks);
     }
-    file += line + (dice.oneIn(4) ? dice.oneOf(lineEnds) : usualEnd);
+    file += line + (dice.OneIn(4) ? dice.OneOf(lineEnds) : usualEnd);
   }
-  if (dice.oneIn(3) && !file.empty()) file.pop_back();
+  if (dice.OneIn(3) && !file.empty()) file.pop_back();
   return file;
 }
 
@@ -114,36 +114,36 @@ TEST_F(ProfileTest, ReadingAndWriting) {
     const std::string our = make(bytes);
     const std::string their = make(bytes);
     std::string story = testing::PrintToString(bytes);
-    std::string section = dice.oneOf(sections);
-    std::string key = dice.oneOf(keys);
-    for (std::size_t left = dice.oneIn(8) ? 1 + dice.below(4) : 0; left > 0; --left, ++writes) {
-      section = dice.oneOf(sections);
-      key = dice.oneOf(keys);
-      const std::string value = dice.oneOf(values);
+    std::string section = dice.OneOf(sections);
+    std::string key = dice.OneOf(keys);
+    for (std::size_t left = dice.OneIn(8) ? 1 + dice.Below(4) : 0; left > 0; --left, ++writes) {
+      section = dice.OneOf(sections);
+      key = dice.OneOf(keys);
+      const std::string value = dice.OneOf(values);
       EXPECT_TRUE(profile.WritePrivateProfileStringA(AnsiToUtf8(section), AnsiToUtf8(key),
                                                      AnsiToUtf8(value), our));
       writeTheirs(section, key, value, their);
       story += " [" + section + "] " + key + " := " + value;
     }
     std::vector<std::string> paths{their};
-    if (store.bytes(our) != bytes) paths.push_back(make(store.bytes(our)));
+    if (store.Bytes(our) != bytes) paths.push_back(make(store.Bytes(our)));
     // The key that was written last, and some that may have been moved.
     for (int i = 0; i < 6; ++i) {
-      const std::size_t size = dice.oneOf(sizes);
-      const std::string expected = ours(section, key, size, our);
+      const std::size_t size = dice.OneOf(sizes);
+      const std::string expected = Ours(section, key, size, our);
       for (const std::string& path : paths) {
         ++reads;
-        const std::string read = theirs(section, key, size, path);
+        const std::string read = Theirs(section, key, size, path);
         if (read != CutLikeTheirs(expected, size)) {
           ASSERT_EQ(expected, read)
               << "[" << section << "] " << key << ", size " << size << ", in " << story;
         }
       }
-      section = dice.oneOf(sections);
-      key = dice.oneOf(keys);
+      section = dice.OneOf(sections);
+      key = dice.OneOf(keys);
     }
-    remove(our);
-    for (const std::string& path : paths) remove(path);
+    Remove(our);
+    for (const std::string& path : paths) Remove(path);
   }
   std::printf("%d values of %d files, %d written before\n", reads, rounds, writes);
 }
@@ -174,8 +174,8 @@ const KnownDifference knownDifferences[] = {
 TEST_F(ProfileTest, KnownDifferences) {
   for (const KnownDifference& known : knownDifferences) {
     const std::string path = make(known.file);
-    EXPECT_EQ(ours("MACROS", "K", 127, path), known.ours) << known.why;
-    EXPECT_EQ(theirs("MACROS", "K", 127, path), known.theirs) << known.why;
+    EXPECT_EQ(Ours("MACROS", "K", 127, path), known.ours) << known.why;
+    EXPECT_EQ(Theirs("MACROS", "K", 127, path), known.theirs) << known.why;
   }
 }
 

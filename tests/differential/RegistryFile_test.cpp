@@ -38,15 +38,15 @@ Value AnyValue(Dice& dice, int number) {
   const std::string beyond[] = {"", "", "\u00E4", "\u20AC", "\u00FF\u0152"};
   const DWORD types[] = {REG_SZ,       REG_SZ,   REG_EXPAND_SZ, REG_BINARY,           REG_DWORD,
                          REG_MULTI_SZ, REG_NONE, REG_QWORD,     REG_DWORD_BIG_ENDIAN, 0x12345};
-  Value value{dice.oneOf(keys), "", dice.oneOf(types), ""};
-  if (number % 20 != 0) value.name = "v" + std::to_string(number) + dice.text(characters, 12);
+  Value value{dice.OneOf(keys), "", dice.OneOf(types), ""};
+  if (number % 20 != 0) value.name = "v" + std::to_string(number) + dice.Text(characters, 12);
   if (value.type == REG_SZ || value.type == REG_EXPAND_SZ || value.type == REG_MULTI_SZ) {
-    const std::string text = dice.text(characters, dice.oneIn(5) ? 400 : 30) + dice.oneOf(beyond);
+    const std::string text = dice.Text(characters, dice.OneIn(5) ? 400 : 30) + dice.OneOf(beyond);
     value.bytes = WideBytes(text) + "\0\0"s;
     if (value.type == REG_MULTI_SZ) value.bytes += WideBytes("second\\") + "\0\0\0\0"s;
   } else {
-    for (std::size_t b = value.type == REG_DWORD ? 4 : dice.below(60); b > 0; --b)
-      value.bytes += static_cast<char>(dice.below(256));
+    for (std::size_t b = value.type == REG_DWORD ? 4 : dice.Below(60); b > 0; --b)
+      value.bytes += static_cast<char>(dice.Below(256));
   }
   return value;
 }
@@ -82,7 +82,7 @@ TEST(RegistryFileTest, ExportedByTheRegistryEditor) {
 
   RegistryWin32 theirs;
   MemoryRegistry ours;
-  readRegistryFile(folder.read("export.reg"), ours);
+  ReadRegistryFile(folder.Read("export.reg"), ours);
   for (const Value& value : values) {
     EXPECT_EQ(Ask(ours, value.key, value.name), Ask(theirs, value.key, value.name))
         << " [" << value.key << "] " << value.name;

@@ -18,18 +18,18 @@ class Dice {
  public:
   explicit Dice(unsigned seed) : engine(seed) {}
 
-  std::size_t below(std::size_t end) {
+  std::size_t Below(std::size_t end) {
     return std::uniform_int_distribution<std::size_t>(0, end - 1)(engine);
   }
-  bool oneIn(std::size_t n) { return below(n) == 0; }
+  bool OneIn(std::size_t n) { return Below(n) == 0; }
   template <typename List>
-  const auto& oneOf(const List& list) {
-    return list[below(std::size(list))];
+  const auto& OneOf(const List& list) {
+    return list[Below(std::size(list))];
   }
   /// Up to `longest` characters of the alphabet.
-  std::string text(std::string_view alphabet, std::size_t longest) {
-    std::string result(below(longest + 1), ' ');
-    for (char& c : result) c = alphabet[below(alphabet.size())];
+  std::string Text(std::string_view alphabet, std::size_t longest) {
+    std::string result(Below(longest + 1), ' ');
+    for (char& c : result) c = alphabet[Below(alphabet.size())];
     return result;
   }
 

@@ -37,12 +37,12 @@ TEST(NumberTest, NumericTest) {
   const int rounds = Rounds(50000);
   int numbers = 0;
   for (int round = 0; round < rounds; ++round) {
-    std::string inner = dice.text("+-", 1) + dice.text("0123456789.,", 7);
+    std::string inner = dice.Text("+-", 1) + dice.Text("0123456789.,", 7);
     if (inner.find(',', std::min(inner.find('.'), inner.size())) != std::string::npos) continue;
     const std::string marks[] = {"E", "e", "E+", "e-", "E-", "E.", "EE"};
-    if (inner.find_first_of("0123456789") != std::string::npos && dice.oneIn(3))
-      inner += dice.oneOf(marks) + dice.text("0123456789", 2);
-    const std::string text = dice.text(" ", 2) + inner + dice.text(" ", 2);
+    if (inner.find_first_of("0123456789") != std::string::npos && dice.OneIn(3))
+      inner += dice.OneOf(marks) + dice.Text("0123456789", 2);
+    const std::string text = dice.Text(" ", 2) + inner + dice.Text(" ", 2);
     const auto ours = NumericValue(text);
     double theirs = 0;
     std::wstring wide = WideText(text);

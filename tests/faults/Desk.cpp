@@ -20,39 +20,39 @@ namespace fs = std::filesystem;
 const fs::path source = DIALWRIGHT_SOURCE_DIR;
 const std::string scriptFolder = R"(c:\telhost\localize\scripts\)";
 
-void edited(Desk& desk) {
-  desk.start();
-  desk.save();
-  desk.edit();
+void Edited(Desk& desk) {
+  desk.Start();
+  desk.Save();
+  desk.Edit();
 }
 
-void save(Desk& desk) { desk.save(); }
+void Save(Desk& desk) { desk.Save(); }
 
 constexpr Job jobs[] = {
-    {"save", edited, save},
+    {"save", Edited, Save},
     {"restore",
      [](Desk& desk) {
-       edited(desk);
+       Edited(desk);
        for (const std::string& path : slotScripts)
-         desk.files.replace(path, "[MACROS]\r\n" + desk.files.read(path));
+         desk.files.Replace(path, "[MACROS]\r\n" + desk.files.Read(path));
      },
-     [](Desk& desk) { desk.form().mnuRestoreScripts.Click(); }},
+     [](Desk& desk) { desk.Form().mnuRestoreScripts.Click(); }},
     {"save with documents",
      [](Desk& desk) {
-       desk.form().chkGenerateHelp.SetValue(1);
-       desk.form().chkGeneratePDF.SetValue(1);
-       edited(desk);
+       desk.Form().chkGenerateHelp.SetValue(1);
+       desk.Form().chkGeneratePDF.SetValue(1);
+       Edited(desk);
      },
-     save},
-    {"preset", edited,
+     Save},
+    {"preset", Edited,
      [](Desk& desk) {
        desk.messages.answers = {MsgBoxAnswer::Yes};
-       desk.form().mnuResetKeysToAlternateKeyMappingN.Click();
+       desk.Form().mnuResetKeysToAlternateKeyMappingN.Click();
      }},
 };
 
 /// The files of a drive, as their names are spelled.
-Files filesBelow(const fs::path& drive) {
+Files FilesBelow(const fs::path& drive) {
   Files files;
   if (!fs::exists(drive)) return files;
   for (const auto& entry : fs::recursive_directory_iterator(drive)) {
@@ -64,12 +64,12 @@ Files filesBelow(const fs::path& drive) {
 }
 
 /// The script of which a path is the backup; nothing if it is none.
-std::string scriptOfBackup(std::string_view path) {
+std::string ScriptOfBackup(std::string_view path) {
   constexpr std::string_view backups = R"(c:\dialwright\backup\)";
   return path.starts_with(backups) ? scriptFolder + std::string(path.substr(backups.size())) : "";
 }
 
-bool isSectionWise(const ScriptText& old, const ScriptText& whole, const ScriptText& now) {
+bool IsSectionWise(const ScriptText& old, const ScriptText& whole, const ScriptText& now) {
   bool holds = now.others == old.others;
   for (std::size_t i = 0; i < ScriptText::sections; ++i)
     holds = holds && (now.keys.at(i) == old.keys.at(i) || now.keys.at(i) == whole.keys.at(i));
@@ -77,7 +77,7 @@ bool isSectionWise(const ScriptText& old, const ScriptText& whole, const ScriptT
 }
 
 /// Whether a text has what the old one got to become the whole one.
-bool hasNewKeys(const ScriptText& old, const ScriptText& whole, const ScriptText& now) {
+bool HasNewKeys(const ScriptText& old, const ScriptText& whole, const ScriptText& now) {
   bool holds = true;
   for (std::size_t i = 0; i < ScriptText::sections; ++i) {
     ScriptText::Keys changed;
@@ -100,7 +100,7 @@ const Files& ServerFiles(std::string_view name) {
   static std::map<std::string, Files> servers;
   Files& files = servers[std::string(name)];
   if (!files.empty()) return files;
-  files = filesBelow(source / "sandbox" / name / "drive_c");
+  files = FilesBelow(source / "sandbox" / name / "drive_c");
   const std::string ours = "C:\\Dialwright\\";
   for (const std::string file :
        {"XMLShots/StandardKeyMap.XML", "SubMsgPlay_Alternate_Custom_Internal.cde"})
@@ -123,15 +123,15 @@ OrdinaryUser::~OrdinaryUser() {
   if (getuid() == 0 && (seteuid(0) != 0 || setegid(0) != 0)) std::abort();
 }
 
-Files Server::snapshot() const { return MemoryFileStore(filesBelow(folder / "drive_c")).all(); }
+Files Server::Snapshot() const { return MemoryFileStore(FilesBelow(folder / "drive_c")).All(); }
 
-void Server::putBack(const Files& files) {
-  Files now = snapshot();
+void Server::PutBack(const Files& files) {
+  Files now = Snapshot();
   for (const auto& [path, bytes] : now)
     if (!files.contains(path)) fs::remove(disk.HostPath(path));
   for (const auto& [path, bytes] : files)
     if (!now.contains(path) || now[path] != bytes)
-      folder.write(fs::path(disk.HostPath(path)).lexically_relative(folder.path).string(), bytes);
+      folder.Write(fs::path(disk.HostPath(path)).lexically_relative(folder.path).string(), bytes);
 }
 
 Desk::Desk(FileStore& store, std::string_view server)
@@ -139,13 +139,13 @@ Desk::Desk(FileStore& store, std::string_view server)
       program(Services{store, registry, clock, processes, messages, checksums, languages, help},
               "C:\\Dialwright", "Dialwright") {
   ConnectEvents(*program.main);
-  readRegistryFile(BytesOf(source / "sandbox" / server / "server.reg"), registry);
+  ReadRegistryFile(BytesOf(source / "sandbox" / server / "server.reg"), registry);
 }
 
-void Desk::start() { Form_Load(form()); }
+void Desk::Start() { Form_Load(Form()); }
 
-void Desk::edit() {
-  for (KeyGrid& grid : form().gridKeyMap) {
+void Desk::Edit() {
+  for (KeyGrid& grid : Form().gridKeyMap) {
     std::vector<int> rows;
     for (int row = 1; row < grid.Rows(); ++row)
       if (!grid.Text(row, Column::KeyAssignment).empty()) rows.push_back(row);
@@ -154,14 +154,14 @@ void Desk::edit() {
     grid.SetText(rows[0], Column::KeyAssignment, grid.Text(rows[1], Column::KeyAssignment));
     grid.SetText(rows[1], Column::KeyAssignment, key);
   }
-  for (CheckBox* box : {&form().chkMAIN_GREETINGS, &form().chkMESSAGE_FAX})
+  for (CheckBox* box : {&Form().chkMAIN_GREETINGS, &Form().chkMESSAGE_FAX})
     box->SetValue(1 - box->Value());
 }
 
-void Desk::save() {
+void Desk::Save() {
   messages.answers = {MsgBoxAnswer::Yes};
-  form().cmdSave.Enabled = true;
-  form().cmdSave.Click();
+  Form().cmdSave.Enabled = true;
+  Form().cmdSave.Click();
 }
 
 std::string FaultOfFiles(const Files& before, const Files& after, const Files& found,
@@ -172,11 +172,11 @@ std::string FaultOfFiles(const Files& before, const Files& after, const Files& f
     const auto entry = found.find(path);
     if (entry == found.end()) return "gone: " + path;
     const std::string& now = entry->second;
-    const std::string script = scriptOfBackup(path);
+    const std::string script = ScriptOfBackup(path);
     if (now == old || (!script.empty() && now == found.at(script))) continue;
     if (!path.starts_with(scriptFolder)) return "changed: " + path;
     const std::string& whole = after.at(path);
-    if (now == whole || isSectionWise(ScriptText(old), ScriptText(whole), ScriptText(now)))
+    if (now == whole || IsSectionWise(ScriptText(old), ScriptText(whole), ScriptText(now)))
       continue;
     if (!whole.starts_with(now)) return "neither old nor new: " + path;
     torn.push_back(path);
@@ -190,10 +190,10 @@ std::string FaultOfRepeat(const Files& before, const Files& wanted, const Files&
     const auto now = found.find(path);
     if (now == found.end()) return "not made again: " + path;
     if (now->second == bytes) continue;
-    const std::string backup = scriptOfBackup(path);
+    const std::string backup = ScriptOfBackup(path);
     const std::string& script = backup.empty() ? path : backup;
     if (std::ranges::find(torn, script) == torn.end() || !ChecksumFits(now->second) ||
-        !hasNewKeys(ScriptText(before.at(script)), ScriptText(bytes), ScriptText(now->second)))
+        !HasNewKeys(ScriptText(before.at(script)), ScriptText(bytes), ScriptText(now->second)))
       return "not put right: " + path;
   }
   for (const auto& [path, bytes] : found)

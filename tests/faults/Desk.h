@@ -33,9 +33,9 @@ struct OrdinaryUser {
 
 /// The same files in a folder of the host.
 struct Server {
-  Server() { putBack(ServerFiles()); }
-  Files snapshot() const;
-  void putBack(const Files& files);
+  Server() { PutBack(ServerFiles()); }
+  Files Snapshot() const;
+  void PutBack(const Files& files);
 
   TempFolder folder;
   FileStorePosix disk{folder.path.string(), 'C'};
@@ -46,12 +46,12 @@ class Desk {
  public:
   explicit Desk(FileStore& store, std::string_view server = newestServer);
 
-  frmMain& form() { return *program.main; }
-  void start();
+  frmMain& Form() { return *program.main; }
+  void Start();
   /// Gives two actions of each menu each other's keys and turns over options of the setup.
-  void edit();
+  void Edit();
   /// Presses the save button, whether or not something has changed.
-  void save();
+  void Save();
 
   FileStore& files;
   Printer printer;

@@ -23,7 +23,7 @@ constexpr Fault faults[] = {
     {"device gone for good", Failure::deviceUnavailable, Fault::Reach::nothing, false, true},
 };
 
-bool isItsTurn(const Fault& fault, std::size_t at) {
+bool IsItsTurn(const Fault& fault, std::size_t at) {
   static const bool all = std::getenv("DIALWRIGHT_FAULTS") != nullptr;
   constexpr std::size_t stride = 7;  // the rows' own operations come in other numbers
   return all || at < 60 || at % stride == static_cast<std::size_t>(&fault - faults);
@@ -36,34 +36,34 @@ struct Played {
   Files before, after, again;
 };
 
-Played play(const Job& job, const std::optional<Fault>& fault = {}, std::size_t at = 0) {
+Played Play(const Job& job, const std::optional<Fault>& fault = {}, std::size_t at = 0) {
   MemoryFileStore files(ServerFiles());
   Desk desk(files);
   job.prepare(desk);
   Played run;
-  run.before = files.all();
+  run.before = files.All();
   desk.printer.lines.clear();
-  files.arm(fault, at);
+  files.Arm(fault, at);
   job.work(desk);
-  files.disarm();
+  files.Disarm();
   run.operations = files.operations;
   run.lines = desk.printer.lines;
-  run.after = files.all();
+  run.after = files.All();
   job.work(desk);
-  if (job.name == "preset") desk.save();  // which alone writes nothing
-  run.again = files.all();
+  if (job.name == "preset") desk.Save();  // which alone writes nothing
+  run.again = files.All();
   return run;
 }
 
 class FileFaults : public testing::TestWithParam<Job> {
  protected:
   const Job& job = GetParam();
-  const Played good = play(job);
+  const Played good = Play(job);
   std::size_t reported = 0;
   int tornRuns = 0;
 
   /// What is wrong with what the user was told and with the checksums; nothing if all is well.
-  std::string faultOfOneFailure(const Fault& fault, const FileOperation& failed, Played& run) {
+  std::string FaultOfOneFailure(const Fault& fault, const FileOperation& failed, Played& run) {
     const std::string report = "(" + RuntimeFailure(fault.failure).description + ") in procedure ";
     const std::size_t reports = std::erase_if(run.lines, [&report](const std::string& line) {
       return line.find(report) != std::string::npos;
@@ -87,7 +87,7 @@ class FileFaults : public testing::TestWithParam<Job> {
     return {};
   }
 
-  std::string faultOf(const Fault& fault, std::size_t at, Played& run) {
+  std::string FaultOf(const Fault& fault, std::size_t at, Played& run) {
     const FileOperation& failed = run.operations.at(at);
     std::vector<std::string> torn;
     std::string wrong = FaultOfFiles(run.before, good.after, run.after, torn);
@@ -101,7 +101,7 @@ class FileFaults : public testing::TestWithParam<Job> {
       if (!rewriting || path != failed.path) wrong = "torn: " + path;
     // What a user is told of what cannot be seen, or of failure upon failure, is not counted here.
     if (wrong.empty() && !fault.lasting && failed.kind != FileOperation::question)
-      wrong = faultOfOneFailure(fault, failed, run);
+      wrong = FaultOfOneFailure(fault, failed, run);
     return wrong.empty() ? FaultOfRepeat(run.before, good.again, run.again, torn) : wrong;
   }
 };
@@ -115,10 +115,10 @@ TEST_P(FileFaults, EachOperationFailsInEachWay) {
     for (std::size_t at = 0; at < good.operations.size() && wrong < 5; ++at) {
       const FileOperation& operation = good.operations[at];
       const bool seen = operation.kind == FileOperation::question && !fault.hides;
-      if (seen || !isItsTurn(fault, at)) continue;
+      if (seen || !IsItsTurn(fault, at)) continue;
       ++played;
-      Played run = play(job, fault, at);
-      const std::string what = faultOf(fault, at, run);
+      Played run = Play(job, fault, at);
+      const std::string what = FaultOf(fault, at, run);
       if (what.empty()) continue;
       ++wrong;
       ADD_FAILURE() << fault.name << " in operation " << at << " on " << operation.path << ": "

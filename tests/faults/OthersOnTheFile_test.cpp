@@ -32,27 +32,27 @@ struct Case {
   std::string_view said = "msgbox OK \"Custom conversation key mappings updated.\"";
 };
 
-std::string textOf(Path path) { return fs::is_regular_file(path) ? BytesOf(path) : ""; }
+std::string TextOf(Path path) { return fs::is_regular_file(path) ? BytesOf(path) : ""; }
 
-void put(Path path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+void Put(Path path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
-void change(Path path, std::string_view from, std::string_view to) {
-  put(path, ReplaceAll(textOf(path), from, to));
+void Change(Path path, std::string_view from, std::string_view to) {
+  Put(path, ReplaceAll(TextOf(path), from, to));
 }
 
-mode_t modeOf(Path path) {
+mode_t ModeOf(Path path) {
   struct stat status {};
   lstat(path.c_str(), &status);
   return status.st_mode;
 }
 
-void setMode(Path path, unsigned mode) { fs::permissions(path, fs::perms(mode)); }
+void SetMode(Path path, unsigned mode) { fs::permissions(path, fs::perms(mode)); }
 
 const Case cases[] = {
     {"replacedBetweenLoadAndSave", false, Outcome::saved,
      [](Path path) {
-       put(path + ".new", ReplaceAll(textOf(path), "FirstDigit=6000", "FirstDigit=1\r\nOTHER=1"));
-       change(path + ".new", "MENU_NEW=1", "MENU_NEW=888");
+       Put(path + ".new", ReplaceAll(TextOf(path), "FirstDigit=6000", "FirstDigit=1\r\nOTHER=1"));
+       Change(path + ".new", "MENU_NEW=1", "MENU_NEW=888");
        fs::rename(path + ".new", path);
      }},
     {"aPipeInItsPlace", false, Outcome::another,
@@ -60,70 +60,70 @@ const Case cases[] = {
        fs::remove(path);
        mkfifo(path.c_str(), 0666);
      },
-     [](Path path) { return S_ISFIFO(modeOf(path)); }},
-    {"readOnly", false, Outcome::untouched, [](Path path) { setMode(path, 0444); },
-     [](Path path) { return (modeOf(path) & 0777) == 0444; },
+     [](Path path) { return S_ISFIFO(ModeOf(path)); }},
+    {"readOnly", false, Outcome::untouched, [](Path path) { SetMode(path, 0444); },
+     [](Path path) { return (ModeOf(path) & 0777) == 0444; },
      "(error):70 (Permission denied) in procedure UpdateChecksumForFile"},
     {"inAReadOnlyFolder", false, Outcome::saved,
-     [](Path path) { setMode(fs::path(path).parent_path(), 0555); }},
+     [](Path path) { SetMode(fs::path(path).parent_path(), 0555); }},
     {"aSymbolicLink", false, Outcome::saved,
      [](Path path) {
        fs::rename(path, path + ".target");
        fs::create_symlink(path + ".target", path);
      },
-     [](Path path) { return S_ISLNK(modeOf(path)) && S_ISREG(modeOf(path + ".target")); }},
+     [](Path path) { return S_ISLNK(ModeOf(path)) && S_ISREG(ModeOf(path + ".target")); }},
     // The other name keeps the old bytes, whole: no crash can tear it.
     {"aHardLink", false, Outcome::saved,
      [](Path path) {
        fs::create_hard_link(path, path + ".twin");
-       put(path + ".copy", textOf(path));
+       Put(path + ".copy", TextOf(path));
      },
-     [](Path path) { return textOf(path + ".twin") == textOf(path + ".copy"); }},
-    {"anotherMode", false, Outcome::saved, [](Path path) { setMode(path, 02646); },
-     [](Path path) { return (modeOf(path) & 07777) == 02646; }},
+     [](Path path) { return TextOf(path + ".twin") == TextOf(path + ".copy"); }},
+    {"anotherMode", false, Outcome::saved, [](Path path) { SetMode(path, 02646); },
+     [](Path path) { return (ModeOf(path) & 07777) == 02646; }},
     // Without its keys the menu comes up voiced and without keys, which no save writes.
-    {"emptyAtTheStart", true, Outcome::untouched, [](Path path) { put(path, ""); }, nullptr,
+    {"emptyAtTheStart", true, Outcome::untouched, [](Path path) { Put(path, ""); }, nullptr,
      "Invalid key assignement in the main menu."},
-    {"empty", false, Outcome::saved, [](Path path) { put(path, ""); }},
+    {"empty", false, Outcome::saved, [](Path path) { Put(path, ""); }},
     {"withoutTheSection", false, Outcome::saved,
-     [](Path path) { change(path, "[MACROS]", "[MACRO]"); }},
+     [](Path path) { Change(path, "[MACROS]", "[MACRO]"); }},
     {"zeroBytesAndMixedLineEnds", true, Outcome::saved,
      [](Path path) {
-       change(path, "[TIMES]\r\n", "a\0b=\0\r\n\0\0\r\n[TIMES]\nlone=\rreturn\n\n"sv);
-       change(path, "MAIN_TIMEOUT=4000", "MAIN\0TIMEOUT=40\0"sv);
-       change(path, "\r\nMENU_SEND=", "\nMENU_SEND=");
+       Change(path, "[TIMES]\r\n", "a\0b=\0\r\n\0\0\r\n[TIMES]\nlone=\rreturn\n\n"sv);
+       Change(path, "MAIN_TIMEOUT=4000", "MAIN\0TIMEOUT=40\0"sv);
+       Change(path, "\r\nMENU_SEND=", "\nMENU_SEND=");
      }},
     // It has no keys as far as anybody can tell; the checksum's rewrite makes it ANSI.
     {"utf16", false, Outcome::another,
-     [](Path path) { put(path, "\xFF\xFE" + Utf8ToUtf16("[MACROS]\r\nA=1\r\n")); },
-     [](Path path) { return textOf(path) == "[MACROS]\r\nA=1\r\n"; }},
+     [](Path path) { Put(path, "\xFF\xFE" + Utf8ToUtf16("[MACROS]\r\nA=1\r\n")); },
+     [](Path path) { return TextOf(path) == "[MACROS]\r\nA=1\r\n"; }},
     {"aLargeFile", true, Outcome::saved,
      [](Path path) {
        const std::string line = std::string(4 << 20, 'x') + "\r\n";
        std::string text;
        while (text.size() < 200u << 20) text += line;
-       put(path, text + textOf(path));
+       Put(path, text + TextOf(path));
      }},
 };
 
 class OthersOnTheFile : public testing::TestWithParam<Case> {
  protected:
-  void expectSaved(const std::string& before, const std::string& found) {
+  void ExpectSaved(const std::string& before, const std::string& found) {
     MemoryFileStore undisturbed(ServerFiles());
     Desk another(undisturbed);
-    another.start();
-    another.edit();
-    another.save();
+    another.Start();
+    another.Edit();
+    another.Save();
     const ScriptText now(found);
     ScriptText wanted(before);
-    wanted.keys = ScriptText(undisturbed.bytes(slotScripts[0])).keys;
+    wanted.keys = ScriptText(undisturbed.Bytes(slotScripts[0])).keys;
     if (std::ranges::find(wanted.others, "[MACROS]") == wanted.others.end())
       wanted.others.emplace_back("[MACROS]");
     EXPECT_TRUE(now.others == wanted.others) << "lines that are not ours have changed";
     EXPECT_EQ(now.keys, wanted.keys);
     EXPECT_TRUE(ChecksumFits(found));
     EXPECT_EQ(std::ranges::count(ReplaceAll(found, "\r\n", ""), '\n'), 0) << "other line ends";
-    EXPECT_TRUE(server.disk.read(R"(C:\Dialwright\Backup\Macros_MenuAlternate_Custom.cdh)") ==
+    EXPECT_TRUE(server.disk.Read(R"(C:\Dialwright\Backup\Macros_MenuAlternate_Custom.cdh)") ==
                 found);
   }
 
@@ -136,19 +136,19 @@ TEST_P(OthersOnTheFile, IsKept) {
   const Case& c = GetParam();
   const std::string path = server.disk.HostPath(slotScripts[0]);
   if (c.beforeStart) c.meddle(path);
-  desk.start();
-  desk.edit();
+  desk.Start();
+  desk.Edit();
   if (!c.beforeStart) c.meddle(path);
-  const std::string before = textOf(path);
+  const std::string before = TextOf(path);
   desk.printer.lines.clear();
-  desk.save();
-  const std::string found = textOf(path);
-  setMode(fs::path(path).parent_path(), 0755);
+  desk.Save();
+  const std::string found = TextOf(path);
+  SetMode(fs::path(path).parent_path(), 0755);
   EXPECT_TRUE(c.holds == nullptr || c.holds(path));
   EXPECT_TRUE(std::ranges::any_of(desk.printer.lines, [&](const std::string& line) {
     return line.find(c.said) != std::string::npos;
   })) << testing::PrintToString(desk.printer.lines);
-  if (c.outcome == Outcome::saved) expectSaved(before, found);
+  if (c.outcome == Outcome::saved) ExpectSaved(before, found);
   EXPECT_TRUE(found == before || c.outcome != Outcome::untouched);
 }
 

@@ -45,7 +45,7 @@ constexpr std::size_t killStride = 8;
 constexpr std::size_t killStride = 1;
 #endif
 
-bool isItsTurn(const Blow& blow, std::size_t at) {
+bool IsItsTurn(const Blow& blow, std::size_t at) {
   static const bool all = std::getenv("DIALWRIGHT_FAULTS") != nullptr;
   if (all || blow.error == 0) return all || at % killStride == 0;
   return at % (errors * killStride) == static_cast<std::size_t>(&blow - blows);
@@ -65,7 +65,7 @@ struct Told {
 };
 
 /// Answers the calls of the process's other thread.
-void answerCalls(Told& told, const Blow* blow, std::size_t at) {
+void AnswerCalls(Told& told, const Blow* blow, std::size_t at) {
   bool afterHalf = false;
   told.listener.wait(0);
   for (seccomp_notif call{}; ioctl(told.listener, SECCOMP_IOCTL_NOTIF_RECV, &call) == 0;
@@ -89,7 +89,7 @@ void answerCalls(Told& told, const Blow* blow, std::size_t at) {
 }
 
 /// From here on the calls of this thread wait for an answer.
-int listenToCalls() {
+int ListenToCalls() {
   std::vector<sock_filter> filter{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
   for (const unsigned call : withoutFiles) {
     filter.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 1));
@@ -116,7 +116,7 @@ class SystemCalls : public testing::TestWithParam<Case> {
   ~SystemCalls() override { munmap(&told, sizeof told); }
 
   /// Does the work in a process of its own, with a blow at one of its calls or with none.
-  void work(const Blow* blow = nullptr, std::size_t at = 0) {
+  void Work(const Blow* blow = nullptr, std::size_t at = 0) {
     new (&told) Told{};
     const pid_t child = fork();
     if (child == 0) {
@@ -125,9 +125,9 @@ class SystemCalls : public testing::TestWithParam<Case> {
       CPU_ZERO(&processor);
       CPU_SET(static_cast<unsigned>(sched_getcpu()), &processor);
       sched_setaffinity(0, sizeof processor, &processor);
-      std::thread(answerCalls, std::ref(told), blow, at).detach();
+      std::thread(AnswerCalls, std::ref(told), blow, at).detach();
       desk.printer.lines.clear();
-      told.listener = listenToCalls();
+      told.listener = ListenToCalls();
       told.listener.notify_one();
       told.working = told.listener > 0;
       if (told.working) job.work(desk);
@@ -139,11 +139,11 @@ class SystemCalls : public testing::TestWithParam<Case> {
   }
 
   /// One blow, and what is wrong afterwards; nothing if all is well.
-  std::string faultOf(const Blow& blow, std::size_t at) {
-    server.putBack(before);
+  std::string FaultOf(const Blow& blow, std::size_t at) {
+    server.PutBack(before);
     const bool killed = blow.error == 0;
-    work(&blow, at);
-    const Files found = server.snapshot();
+    Work(&blow, at);
+    const Files found = server.Snapshot();
     std::vector<std::string> torn;
     std::string wrong = FaultOfFiles(before, after, found, torn);
     if (!torn.empty()) ++tornRuns;
@@ -159,7 +159,7 @@ class SystemCalls : public testing::TestWithParam<Case> {
     // text.
     if (killed && GetParam().ordinary) torn.assign(slotScripts.begin(), slotScripts.end());
     job.work(desk);
-    return wrong.empty() ? FaultOfRepeat(before, after, server.snapshot(), torn) : wrong;
+    return wrong.empty() ? FaultOfRepeat(before, after, server.Snapshot(), torn) : wrong;
   }
 
   const std::unique_ptr<OrdinaryUser> user =
@@ -176,17 +176,17 @@ class SystemCalls : public testing::TestWithParam<Case> {
 
 TEST_P(SystemCalls, ABlowAtEachOfThem) {
   job.prepare(desk);
-  before = server.snapshot();
+  before = server.Snapshot();
   job.work(desk);
-  after = server.snapshot();
-  server.putBack(before);
+  after = server.Snapshot();
+  server.PutBack(before);
   const auto scripts = server.folder / "drive_c/Telhost/Localize/Scripts";
   if (GetParam().ordinary) std::filesystem::permissions(scripts, std::filesystem::perms(0555));
 
-  work();
+  Work();
   if (told.listener < 0) GTEST_SKIP() << "no process can be listened to here";
   ASSERT_EQ(told.status, 0);
-  ASSERT_EQ(server.snapshot(), after);
+  ASSERT_EQ(server.Snapshot(), after);
   lines = told.lines;
   const std::size_t calls = told.calls;
   int wrong = 0;
@@ -194,9 +194,9 @@ TEST_P(SystemCalls, ABlowAtEachOfThem) {
     int fallen = 0;
     tornRuns = 0;
     for (std::size_t at = 0; at < calls && wrong < 5; ++at) {
-      if (!isItsTurn(blow, at)) continue;
+      if (!IsItsTurn(blow, at)) continue;
       ++fallen;
-      const std::string what = faultOf(blow, at);
+      const std::string what = FaultOf(blow, at);
       if (what.empty()) continue;
       ++wrong;
       ADD_FAILURE() << blow.name << " at call " << at << ": " << what;

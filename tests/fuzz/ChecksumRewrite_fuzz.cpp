@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view path = R"(C:\a.cdh)";
 
 /// The rewritten text, line by line.
-std::string rewritten(std::string text, const std::string& checksumText) {
+std::string Rewritten(std::string text, const std::string& checksumText) {
   std::string result;
   if (!text.empty() && text.back() != '\n') text += "\r\n";
   for (std::size_t end = 0; (end = text.find('\n')) != std::string::npos; text.erase(0, end + 1)) {
@@ -33,7 +33,7 @@ void Check(const std::string& bytes) {
 
   const bool wide = bytes.starts_with(utf16Mark);
   const std::string found = store.bytes(path);
-  need(found == rewritten(wide ? Utf8ToAnsi(Utf16ToUtf8(bytes.substr(2))) : bytes, text));
+  need(found == Rewritten(wide ? Utf8ToAnsi(Utf16ToUtf8(bytes.substr(2))) : bytes, text));
   need(desk.printer.lines.empty());
   // A text whose first characters look like the mark is another text from then on.
   if (found.starts_with(utf16Mark)) return;

@@ -96,20 +96,20 @@ class Walk {
  public:
   explicit Walk(std::string_view allBytes) : bytes(allBytes) {}
 
-  void run() {
+  void Run() {
     desk.start();
     checkFiles(0);
     checkGrids();
     for (int steps = 0; !bytes.empty() && steps < 50; ++steps) {
       const int tab = form.SSTab1.Tab();
-      step(tab);
+      Step(tab);
       if (tab < gridCount) checkGrid(static_cast<std::size_t>(tab));
     }
     checkGrids();
   }
 
  private:
-  [[noreturn]] void fail(const std::string& what) {
+  [[noreturn]] void Fail(const std::string& what) {
     std::fprintf(stderr, "%s on %s\n%s", what.c_str(), server.c_str(), played.c_str());
     std::abort();
   }
@@ -123,31 +123,31 @@ class Walk {
   int number(std::size_t count) { return static_cast<int>(next(count)); }
 
   /// Notes a step, as a transcript has it.
-  void did(const std::string& words) { played += "> " + words + "\n"; }
+  void Did(const std::string& words) { played += "> " + words + "\n"; }
 
-  void step(int tab) {
+  void Step(int tab) {
     const std::size_t kind = next(16);
     if (kind < 2) {
       const int to = number(7);
-      did("tab " + std::to_string(to));
+      Did("tab " + std::to_string(to));
       user.tab(to);
     } else if (kind < 4) {
       const int grid = tab < gridCount ? tab : 0;
       const int row = number(40);
-      did("row " + std::to_string(grid) + " " + std::to_string(row));
+      Did("row " + std::to_string(grid) + " " + std::to_string(row));
       user.row(grid, row);
     } else if (kind < 8) {
       const bool all = kind < 7;
       const std::string text =
           all ? std::string(texts[next(std::size(texts))]) : std::to_string(next(10));
-      did((all ? "type \"" : "add \"") + text + "\"");
+      Did((all ? "type \"" : "add \"") + text + "\"");
       user.type(text, all);
     } else if (kind == 8) {
-      did("leave");
+      Did("leave");
       user.leave();
     } else if (kind == 9) {
       const bool up = next(2) == 0;
-      did(up ? "spin up" : "spin down");
+      Did(up ? "spin up" : "spin down");
       user.spin(up);
     } else if (kind < 12) {
       const SetupOption& option = SetupOptions()[next(SetupOptions().size())];
@@ -155,19 +155,19 @@ class Walk {
       const std::string name = kind == 11 ? boxes[next(std::size(boxes))]->Name
                                           : "chkDontVoiceAction(" + std::to_string(tab) + ")";
       const int value = number(2);
-      did("set " + name + " " + std::to_string(value));
+      Did("set " + name + " " + std::to_string(value));
       user.set(name, value);
     } else if (kind < 14) {
       const bool yes = next(3) != 0;
       const std::string name = std::string("mnu") + questions[next(std::size(questions))];
-      did((yes ? "answer Yes\n> click " : "answer No\n> click ") + name);
+      Did((yes ? "answer Yes\n> click " : "answer No\n> click ") + name);
       desk.messages.answers.assign(3, yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No);
       user.click(name);
       firstTokens.clear();                                      // other keys, other rows
       checkFiles(name == "mnuRestoreScripts" ? noSection : 0);  // the others write nothing
       checkGrids();
     } else if (form.cmdSave.Enabled) {
-      did("answer Yes\n> click cmdSave");
+      Did("answer Yes\n> click cmdSave");
       save();
     }
   }
@@ -180,14 +180,14 @@ class Walk {
     std::size_t refused = noSection;
     bool saved = form.chkGenerateHelp.Value() != 0 || form.chkGeneratePDF.Value() != 0;
     for (const std::string& line : desk.printer.lines) {
-      if (line.starts_with("error:")) fail(line);
+      if (line.starts_with("error:")) Fail(line);
       saved = saved || line == "msgbox OK \"Custom conversation key mappings updated.\"";
       for (const auto& [text, section] : refusals)
         if (line.find(text) != std::string::npos) refused = section;
     }
     checkFiles(refused);
     if (refused != noSection) return;
-    if (!saved) fail("neither refused nor saved");
+    if (!saved) Fail("neither refused nor saved");
     for (std::size_t i = 0; i < 5; ++i)
       checkLists(i, LowerCase(i == 0 ? form.strMainMenuScript : form.strMessagePlaybackScript));
   }
@@ -199,7 +199,7 @@ class Walk {
       const std::string key = std::string(keyPrefixes.at(grid)) + name;
       const auto found = keys.find(key);
       const std::string wanted = "\"" + (form.bSingleKeyMap != 0 ? value : "") + "\"";
-      if (found == keys.end() || Trim(found->second) != wanted) fail(key + " is not " + wanted);
+      if (found == keys.end() || Trim(found->second) != wanted) Fail(key + " is not " + wanted);
     }
   }
 
@@ -218,9 +218,9 @@ class Walk {
       const ScriptText old = script(path);
       seen.at(path) = store.bytes(path);
       parsed.erase(path);
-      if (script(path).others != old.others) fail("changed outside the keys: " + path);
+      if (script(path).others != old.others) Fail("changed outside the keys: " + path);
       for (std::size_t i = refused; i < noSection; ++i)
-        if (script(path).keys.at(i) != old.keys.at(i)) fail("a refused section is written");
+        if (script(path).keys.at(i) != old.keys.at(i)) Fail("a refused section is written");
     }
   }
 
@@ -234,14 +234,14 @@ class Walk {
     bool voiced = true;
     for (int row = 1; row < grid.Rows(); ++row) {
       const std::string& token = grid.Text(row, Column::ActionToken);
-      if (token.empty() || !tokens.insert(token).second) fail("twice: token " + token);
+      if (token.empty() || !tokens.insert(token).second) Fail("twice: token " + token);
       if (index >= 1 && index <= 3) continue;
       const std::string& order = grid.Text(row, Column::Order);
       voiced = voiced && order != "99999";
       if (order != (voiced ? std::to_string(row * 10) : "99999"))
-        fail("order " + order + " in grid " + std::to_string(index));
+        Fail("order " + order + " in grid " + std::to_string(index));
     }
-    if (tokens != firstTokens.try_emplace(index, tokens).first->second) fail("other tokens");
+    if (tokens != firstTokens.try_emplace(index, tokens).first->second) Fail("other tokens");
   }
 
   std::string_view bytes;
@@ -258,4 +258,4 @@ class Walk {
 
 }  // namespace
 
-void Check(const std::string& bytes) { Walk(bytes).run(); }
+void Check(const std::string& bytes) { Walk(bytes).Run(); }

@@ -41,41 +41,41 @@ struct Fault {
 class MemoryFileStore : public FileStore {
  public:
   explicit MemoryFileStore(const Files& content = {}) {
-    for (const auto& [path, bytes] : content) put(path, bytes);
+    for (const auto& [path, bytes] : content) Put(path, bytes);
   }
 
-  void put(std::string_view path, std::string_view bytes) {
+  void Put(std::string_view path, std::string_view bytes) {
     files.insert_or_assign(LowerCase(path), Entry{std::string(bytes), ++revisions});
   }
-  const std::string& bytes(std::string_view path) { return at(path).bytes; }
-  Files all() const {
+  const std::string& Bytes(std::string_view path) { return At(path).bytes; }
+  Files All() const {
     Files content;
     for (const auto& [path, entry] : files) content.emplace(path, entry.bytes);
     return content;
   }
 
   /// From here on operations are remembered; number `number` (from 0) fails if there is a fault.
-  void arm(const std::optional<Fault>& fault, std::size_t number) {
+  void Arm(const std::optional<Fault>& fault, std::size_t number) {
     armed = fault;
     failing = number;
     remembering = true;
   }
-  void disarm() { remembering = false; }
+  void Disarm() { remembering = false; }
 
-  Kind kind(std::string_view path) override {
-    if (hides(path)) return Kind::none;
+  Kind KindOf(std::string_view path) override {
+    if (Hides(path)) return Kind::none;
     if (files.contains(LowerCase(path))) return Kind::file;
-    return isFolder(path) ? Kind::folder : Kind::none;
+    return IsFolder(path) ? Kind::folder : Kind::none;
   }
-  std::optional<FileStamp> stamp(std::string_view path) override {
+  std::optional<FileStamp> Stamp(std::string_view path) override {
     const auto found = files.find(LowerCase(path));
-    if (hides(path) || found == files.end()) return std::nullopt;
+    if (Hides(path) || found == files.end()) return std::nullopt;
     return FileStamp{0, 0, found->second.bytes.size(), found->second.revision};
   }
-  std::vector<std::string> fileNames(std::string_view folder) override {
-    act(FileOperation::names, folder);
-    if (!isFolder(folder)) throw RuntimeFailure(Failure::pathNotFound);
-    const std::string inside = below(folder);
+  std::vector<std::string> FileNames(std::string_view folder) override {
+    Act(FileOperation::names, folder);
+    if (!IsFolder(folder)) throw RuntimeFailure(Failure::pathNotFound);
+    const std::string inside = Below(folder);
     std::vector<std::string> names;
     for (const auto& [path, entry] : files)
       if (path.starts_with(inside) && path.find('\\', inside.size()) == std::string::npos)
@@ -83,43 +83,43 @@ class MemoryFileStore : public FileStore {
     return names;
   }
 
-  std::string read(std::string_view path) override {
+  std::string Read(std::string_view path) override {
     ++reads;
     if (failRead) throw RuntimeFailure(*failRead);
-    act(FileOperation::read, path);
-    return at(path).bytes;
+    Act(FileOperation::read, path);
+    return At(path).bytes;
   }
-  void replace(std::string_view path, std::string_view bytes) override {
+  void Replace(std::string_view path, std::string_view bytes) override {
     ++replaces;
     if (failReplace) throw RuntimeFailure(*failReplace);
-    act(FileOperation::replace, path, [&] { at(path) = Entry{std::string(bytes), ++revisions}; });
+    Act(FileOperation::replace, path, [&] { At(path) = Entry{std::string(bytes), ++revisions}; });
   }
-  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override {
-    act(FileOperation::open, path, [&] {
+  std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override {
+    Act(FileOperation::open, path, [&] {
       if (const bool is = files.contains(LowerCase(path)); !is && !create)
-        at(path);
+        At(path);
       else if (!is || opening == Opening::truncate)
-        put(path, "");
+        Put(path, "");
     });
     return std::make_unique<Output>(*this, path);
   }
-  void remove(std::string_view path, bool) override {
-    act(FileOperation::remove, path, [&] {
-      at(path);
+  void Remove(std::string_view path, bool) override {
+    Act(FileOperation::remove, path, [&] {
+      At(path);
       files.erase(LowerCase(path));
     });
   }
-  void copy(std::string_view from, std::string_view to, bool overwrite) override {
-    act(FileOperation::copy, to, [&] {
-      const std::string bytes = at(from).bytes;
+  void Copy(std::string_view from, std::string_view to, bool overwrite) override {
+    Act(FileOperation::copy, to, [&] {
+      const std::string bytes = At(from).bytes;
       if (!overwrite && files.contains(LowerCase(to)))
         throw RuntimeFailure(Failure::fileAlreadyExists);
-      if (!isFolder(to.substr(0, to.rfind('\\')))) throw RuntimeFailure(Failure::pathNotFound);
-      put(to, bytes);
+      if (!IsFolder(to.substr(0, to.rfind('\\')))) throw RuntimeFailure(Failure::pathNotFound);
+      Put(to, bytes);
     });
   }
-  void createFolder(std::string_view path) override {
-    act(FileOperation::folder, path, [&] { folders.insert(below(path)); });
+  void CreateFolder(std::string_view path) override {
+    Act(FileOperation::folder, path, [&] { folders.insert(Below(path)); });
   }
 
   std::optional<Failure> failRead;
@@ -135,44 +135,44 @@ class MemoryFileStore : public FileStore {
   };
   struct Output : OutputFile {
     Output(MemoryFileStore& theStore, std::string_view thePath) : store(theStore), path(thePath) {}
-    void write(std::string_view more) override {
+    void Write(std::string_view more) override {
       const auto add = [&](std::size_t count) {
-        store.put(path, store.bytes(path) + std::string(more.substr(0, count)));
+        store.Put(path, store.Bytes(path) + std::string(more.substr(0, count)));
       };
-      store.act(
+      store.Act(
           FileOperation::write, path, [&] { add(more.size()); }, [&] { add(more.size() / 2); });
     }
-    void close() override { store.act(FileOperation::close, path); }
+    void Close() override { store.Act(FileOperation::close, path); }
     MemoryFileStore& store;
     std::string path;
   };
 
-  bool fails(FileOperation::Kind kind, std::string_view path) {
+  bool Fails(FileOperation::Kind kind, std::string_view path) {
     if (!remembering) return false;
     operations.push_back({kind, LowerCase(path)});
     const std::size_t count = operations.size();
     return armed && (count == failing + 1 || (armed->lasting && count > failing));
   }
-  bool hides(std::string_view path) { return fails(FileOperation::question, path) && armed->hides; }
-  void act(
+  bool Hides(std::string_view path) { return Fails(FileOperation::question, path) && armed->hides; }
+  void Act(
       FileOperation::Kind kind, std::string_view path, const std::function<void()>& whole = [] {},
       const std::function<void()>& half = [] {}) {
-    if (!fails(kind, path)) return whole();
+    if (!Fails(kind, path)) return whole();
     if (armed->reach == Fault::Reach::all) whole();
     if (armed->reach == Fault::Reach::half) half();
     throw RuntimeFailure(armed->failure);
   }
 
   /// What the paths of all that lies in a folder begin with.
-  static std::string below(std::string_view folder) {
+  static std::string Below(std::string_view folder) {
     return LowerCase(folder.substr(0, folder.find_last_not_of('\\') + 1)) + "\\";
   }
-  bool isFolder(std::string_view path) const {
-    const std::string inside = below(path);
+  bool IsFolder(std::string_view path) const {
+    const std::string inside = Below(path);
     const auto next = files.lower_bound(inside);
     return folders.contains(inside) || (next != files.end() && next->first.starts_with(inside));
   }
-  Entry& at(std::string_view path) {
+  Entry& At(std::string_view path) {
     const auto found = files.find(LowerCase(path));
     if (found == files.end()) throw RuntimeFailure(Failure::fileNotFound);
     return found->second;

@@ -12,7 +12,7 @@ namespace dialwright {
 namespace {
 
 /// Which section writes a key; their number for none.
-std::size_t sectionOf(std::string_view key) {
+std::size_t SectionOf(std::string_view key) {
   if (key.starts_with("ORDINAL_")) key.remove_prefix(8);
   if (key.starts_with("RECEIPT_")) return 4;
   for (std::size_t i = 0; i < keyPrefixes.size(); ++i)
@@ -22,7 +22,7 @@ std::size_t sectionOf(std::string_view key) {
   return setup ? ScriptText::sections - 1 : ScriptText::sections;
 }
 
-std::vector<std::string_view> linesOf(std::string_view bytes) {
+std::vector<std::string_view> LinesOf(std::string_view bytes) {
   std::vector<std::string_view> lines;
   while (!bytes.empty()) {
     const std::size_t end = std::min(bytes.find('\n'), bytes.size());
@@ -37,12 +37,12 @@ std::vector<std::string_view> linesOf(std::string_view bytes) {
 
 ScriptText::ScriptText(std::string_view bytes) {
   bool inside = false;
-  for (const std::string_view line : linesOf(bytes)) {
+  for (const std::string_view line : LinesOf(bytes)) {
     if (line.starts_with('[')) inside = StartsWithIgnoringCase(line, "[MACROS]");
     const std::size_t equals = line.find('=');
     const std::string_view key = Trim(line.substr(0, equals));
     const std::size_t section =
-        inside && equals != std::string_view::npos ? sectionOf(key) : sections;
+        inside && equals != std::string_view::npos ? SectionOf(key) : sections;
     if (section < sections)
       keys.at(section).emplace(key, line.substr(equals + 1));
     else if (!IsChecksumLine(line) && !line.empty())  // blank lines may come to stand elsewhere
@@ -51,8 +51,8 @@ ScriptText::ScriptText(std::string_view bytes) {
 }
 
 bool ChecksumFits(std::string_view script) {
-  const std::string wanted = "#CRC " + strChecksumText(scriptChecksum(script));
-  return std::ranges::all_of(linesOf(script), [&](std::string_view line) {
+  const std::string wanted = "#CRC " + strChecksumText(ScriptChecksum(script));
+  return std::ranges::all_of(LinesOf(script), [&](std::string_view line) {
     return !IsChecksumLine(line) || line == wanted;
   });
 }

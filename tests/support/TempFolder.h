@@ -20,11 +20,11 @@ struct TempFolder : WorldFolder {
   std::filesystem::path operator/(std::string_view name) const { return path / name; }
 
   /// Writes a file below the folder and makes the folders that it needs.
-  void write(std::string_view name, std::string_view bytes) const {
+  void Write(std::string_view name, std::string_view bytes) const {
     std::filesystem::create_directories((path / name).parent_path());
     std::ofstream(path / name, std::ios::binary) << bytes;
   }
-  std::string read(std::string_view name) const { return BytesOf(path / name); }
+  std::string Read(std::string_view name) const { return BytesOf(path / name); }
 };
 
 }  // namespace dialwright

@@ -27,10 +27,10 @@ static std::string Frame(std::string_view text) {
 struct LanguageLibrary : testing::TestWithParam<std::string> {
   void SetUp() override {
     const std::string path = DIALWRIGHT_PROGRAM_DIR "/Dialwright_" + GetParam() + ".dll";
-    const auto file = StringTableFile::parse(BytesOf(path));
+    const auto file = StringTableFile::Parse(BytesOf(path));
     ASSERT_TRUE(file) << path;
     for (int number = 0; number <= 0xffff; ++number)
-      if (auto text = file->find(number)) texts.emplace(number, *std::move(text));
+      if (auto text = file->Find(number)) texts.emplace(number, *std::move(text));
     for (const auto& [number, text] : texts) ASSERT_TRUE(EnglishString(number)) << number;
     // The texts that the form has always had may be left to the program.
     for (const auto& [number, text] : EnglishStrings())
@@ -41,7 +41,7 @@ struct LanguageLibrary : testing::TestWithParam<std::string> {
 };
 
 TEST_P(LanguageLibrary, KeepsWhatProceduresControlsAndReadersRelyOn) {
-  constexpr std::string_view kNames[] = {
+  constexpr std::string_view names[] = {
       "Merid",   "Merid Tessel", "Telhost",    "Varlo", "Dialwright", "Blank_Map_Template.HTM",
       "SubMenu", "SubMsgPlay",   "Live Reply", "HTML",  "4.0(5)",     "10%",
   };
@@ -54,7 +54,7 @@ TEST_P(LanguageLibrary, KeepsWhatProceduresControlsAndReadersRelyOn) {
     EXPECT_LT(Utf8ToUtf16(text).size() / 2, 1200u) << number;
     // Some languages put a no-break space in front of the sign.
     const std::string plain = ReplaceAll(text, "\u00a0%", "%");
-    for (const auto name : kNames)
+    for (const auto name : names)
       EXPECT_TRUE(plain.find(name) != std::string::npos || english.find(name) == english.npos)
           << number << ' ' << name << ": " << text;
   }

@@ -19,7 +19,7 @@ struct PrivateProfileTest : testing::Test {
   std::string get(std::string_view key, std::size_t size = 127, std::string_view in = "MACROS") {
     return profile.GetPrivateProfileStringA(in, key, "(default)", size, path);
   }
-  bool set(std::string_view key, std::string_view value, std::string_view section = "MACROS") {
+  bool Set(std::string_view key, std::string_view value, std::string_view section = "MACROS") {
     return profile.WritePrivateProfileStringA(section, key, value, path);
   }
 };
@@ -37,10 +37,10 @@ TEST_F(PrivateProfileTest, Reading) {
       {"\xFF\xFE[MACROS]\nK=1", "(default)"},
   };
   for (const auto& [text, value] : cases) {
-    store.put(path, text);
+    store.Put(path, text);
     EXPECT_EQ(get("K"), value) << text;
   }
-  store.put(path, "[MACROS]\nK=\"\xE4\xE4\xE4\"\n");
+  store.Put(path, "[MACROS]\nK=\"\xE4\xE4\xE4\"\n");
   EXPECT_EQ(get("K", 0), "");
   EXPECT_EQ(get("K", 3), "\xC3\xA4\xC3\xA4");
   EXPECT_EQ(get("L", 5), "(def");
@@ -58,38 +58,38 @@ TEST_F(PrivateProfileTest, Writing) {
       {"", "K", "\xC3\xA4\xC5\x80", "[MACROS]\r\nK=\xE4?\r\n"},
   };
   for (const auto& [before, key, value, after] : cases) {
-    store.put(path, before);
-    EXPECT_TRUE(set(key, value)) << before;
-    EXPECT_EQ(store.bytes(path), after) << before;
+    store.Put(path, before);
+    EXPECT_TRUE(Set(key, value)) << before;
+    EXPECT_EQ(store.Bytes(path), after) << before;
     const int replaces = store.replaces;
-    EXPECT_TRUE(set(key, value));
+    EXPECT_TRUE(Set(key, value));
     EXPECT_EQ(store.replaces, replaces) << "written again though it stands there";
   }
 }
 
 TEST_F(PrivateProfileTest, WhatCannotBeReadOrWritten) {
-  EXPECT_FALSE(set("K", "1"));
-  EXPECT_EQ(store.kind(path), FileStore::Kind::none);
+  EXPECT_FALSE(Set("K", "1"));
+  EXPECT_EQ(store.KindOf(path), FileStore::Kind::none);
   for (const std::string text : {"[MACROS]\nK=1\n", "\xFF\xFE[MACROS]", "\xFE\xFF[MACROS]"}) {
-    store.put(path, text);
+    store.Put(path, text);
     for (const std::string_view key : {"", " \t", "a=b", "a\nb", "[a"})
-      EXPECT_FALSE(set(key, "x")) << key;
-    for (const std::string_view section : {"a]b", "a\nb"}) EXPECT_FALSE(set("K", "x", section));
-    EXPECT_EQ(set("K", "1"), text[0] == '[');
-    EXPECT_EQ(store.bytes(path), text);
+      EXPECT_FALSE(Set(key, "x")) << key;
+    for (const std::string_view section : {"a]b", "a\nb"}) EXPECT_FALSE(Set("K", "x", section));
+    EXPECT_EQ(Set("K", "1"), text[0] == '[');
+    EXPECT_EQ(store.Bytes(path), text);
   }
-  store.put(path, "[MACROS]\nK=1\n");
+  store.Put(path, "[MACROS]\nK=1\n");
   store.failRead = Failure::deviceIOError;
   EXPECT_EQ(get("K"), "(default)");
   store.failRead.reset();
   store.failReplace = Failure::diskFull;
-  EXPECT_FALSE(set("K", "2"));
+  EXPECT_FALSE(Set("K", "2"));
   EXPECT_EQ(get("K"), "1");
 }
 
 TEST_F(PrivateProfileTest, OneReadServesAllKeysUntilTheFileChanges) {
   for (const std::string text : {"[MACROS]\nK=1\nL=2\n", "[MACROS]\nK=3\nL=4\n"}) {
-    store.put(path, text);
+    store.Put(path, text);
     EXPECT_EQ(get("K") + get("L"), text[11] == '1' ? "12" : "34");
   }
   EXPECT_EQ(store.reads, 2);
@@ -97,45 +97,45 @@ TEST_F(PrivateProfileTest, OneReadServesAllKeysUntilTheFileChanges) {
 
 TEST_F(PrivateProfileTest, ABatchIsOneRewriteAndNestsByCount) {
   constexpr std::string_view other = R"(C:\b.cdh)";
-  store.put(path, "[MACROS]\nK=1\n");
-  store.put(other, "[MACROS]\nK=1\n");
+  store.Put(path, "[MACROS]\nK=1\n");
+  store.Put(other, "[MACROS]\nK=1\n");
   {
     const ProfileBatch outer(profile, path);
-    EXPECT_TRUE(set("K", "2"));
+    EXPECT_TRUE(Set("K", "2"));
     {
       const ProfileBatch inner(profile, path);
-      EXPECT_TRUE(set("L", "3\n[X]"));  // then a line of its own, and a section
-      EXPECT_TRUE(set("M", "4", "x"));
+      EXPECT_TRUE(Set("L", "3\n[X]"));  // then a line of its own, and a section
+      EXPECT_TRUE(Set("M", "4", "x"));
     }
-    EXPECT_TRUE(set("l", "5"));
+    EXPECT_TRUE(Set("l", "5"));
     EXPECT_EQ(get("K") + get("L") + get("M", 127, "X"), "254");
-    EXPECT_EQ(store.bytes(path), "[MACROS]\nK=1\n");
+    EXPECT_EQ(store.Bytes(path), "[MACROS]\nK=1\n");
     EXPECT_TRUE(profile.WritePrivateProfileStringA("MACROS", "K", "6", other));
-    EXPECT_EQ(store.bytes(other), "[MACROS]\nK=6\n") << "a write of another file waits for nobody";
+    EXPECT_EQ(store.Bytes(other), "[MACROS]\nK=6\n") << "a write of another file waits for nobody";
   }
-  EXPECT_EQ(store.bytes(path), "[MACROS]\nK=2\nL=5\n[X]\nM=4\n");
+  EXPECT_EQ(store.Bytes(path), "[MACROS]\nK=2\nL=5\n[X]\nM=4\n");
   EXPECT_EQ(store.replaces, 2);
 }
 
 TEST_F(PrivateProfileTest, AChangeByOthersDuringABatchIsKept) {
-  store.put(path, "[MACROS]\nK=1\n");
+  store.Put(path, "[MACROS]\nK=1\n");
   {
     const ProfileBatch batch(profile, path);
-    set("K", "2");
+    Set("K", "2");
     profile.FlushBatches();
-    EXPECT_EQ(store.bytes(path), "[MACROS]\nK=2\n");
-    store.put(path, "[MACROS]\nK=2\nL=theirs\n");  // while a message was shown
+    EXPECT_EQ(store.Bytes(path), "[MACROS]\nK=2\n");
+    store.Put(path, "[MACROS]\nK=2\nL=theirs\n");  // while a message was shown
     EXPECT_EQ(get("L"), "theirs");
-    set("K", "3");
-    store.put(path, "; theirs\n[MACROS]\nK=1\n");
+    Set("K", "3");
+    store.Put(path, "; theirs\n[MACROS]\nK=1\n");
   }
-  EXPECT_EQ(store.bytes(path), "; theirs\n[MACROS]\nK=3\n");
+  EXPECT_EQ(store.Bytes(path), "; theirs\n[MACROS]\nK=3\n");
   {
     const ProfileBatch batch(profile, path);
-    set("K", "9");
-    store.remove(path, true);
+    Set("K", "9");
+    store.Remove(path, true);
   }
-  EXPECT_EQ(store.kind(path), FileStore::Kind::none) << "a file that is gone was made anew";
+  EXPECT_EQ(store.KindOf(path), FileStore::Kind::none) << "a file that is gone was made anew";
 }
 
 }  // namespace dialwright

@@ -43,7 +43,7 @@ TEST(RegistryFileTest, ValuesInEveryEncoding) {
   for (const std::string& file : {"\xFF\xFE" + Utf8ToUtf16(version5), "\xEF\xBB\xBF" + version5,
                                   Utf8ToAnsi(version5), Utf8ToAnsi("REGEDIT4\r\n" + values)}) {
     MemoryRegistry registry;
-    readRegistryFile(file, registry);
+    ReadRegistryFile(file, registry);
     for (const auto& [line, name, value] : cases)
       EXPECT_EQ(Query(registry, "SOFTWARE\\quillon\\", name), value) << name;
   }
@@ -52,15 +52,15 @@ TEST(RegistryFileTest, ValuesInEveryEncoding) {
 TEST(RegistryFileTest, TextsInHexAreWideInVersion5Only) {
   const std::string key = "[HKEY_LOCAL_MACHINE\\k]\n\"e\"=hex(2):";
   MemoryRegistry registry;
-  readRegistryFile("REGEDIT4\n" + key + "25,80,00\n", registry);
+  ReadRegistryFile("REGEDIT4\n" + key + "25,80,00\n", registry);
   EXPECT_EQ(Query(registry, "k", "e"), (Value{2, "%\x80\0"s}));
-  readRegistryFile("Windows Registry Editor Version 5.00\n" + key + "26,00,ac,20,00,00", registry);
+  ReadRegistryFile("Windows Registry Editor Version 5.00\n" + key + "26,00,ac,20,00,00", registry);
   EXPECT_EQ(Query(registry, "k", "e"), (Value{2, "&\x80\0"s}));
 }
 
 TEST(RegistryFileTest, RemovalsAndWhatCannotBeUnderstood) {
   MemoryRegistry registry;
-  readRegistryFile(
+  ReadRegistryFile(
       "\"before any key\"=\"x\"\n[HKEY_CURRENT_USER\\a\\b]\n\"v\"=\"1\"\n"
       "[HKEY_LOCAL_MACHINE\\no end\n\"v\"=\"1\"\n[hkey_local_machine\\a\\b]\n\"w\"=dword:2\n"
       "\"r\"=dword:1\n\"R\"=-\n\"d\"=dword:xyz\n\"h\"=hex:1,zz\n\"q\"=\"not closed\n\"ok\"=1\n"
@@ -87,8 +87,8 @@ TEST(RegistryTest, VersionsReadHexadecimalDigitsAsDecimalOnes) {
   };
   for (const auto& [version, build, text] : cases) {
     const std::string key = "Software\\Quillon";
-    world.registry.set(key, "Version Number", RegistryValue::doubleWord(version));
-    world.registry.set(key, "Build Number", RegistryValue::doubleWord(build));
+    world.registry.Set(key, "Version Number", RegistryValue::DoubleWord(version));
+    world.registry.Set(key, "Build Number", RegistryValue::DoubleWord(build));
     EXPECT_EQ(world.program.server.getVersion().strVersion, text);
   }
 }
@@ -97,7 +97,7 @@ TEST(RegistryTest, ValuesOfOddSizes) {
   MemoryRegistry registry;
   const RegistryResult usual = std::string("default");
   const auto read = [&](std::int16_t type, RegistryValue value) {
-    registry.set("SOFTWARE\\X", "v", std::move(value));
+    registry.Set("SOFTWARE\\X", "v", std::move(value));
     return GetRegistryValue(registry, RegistryKey::localMachine, "SOFTWARE\\X", "v", type, usual);
   };
   EXPECT_EQ(read(registryString, {1, std::string(1025, 'a')}), usual);

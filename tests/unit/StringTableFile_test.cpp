@@ -9,8 +9,8 @@
 namespace dialwright {
 
 static std::optional<std::string> Find(const std::string& library, int number) {
-  const auto file = StringTableFile::parse(library);
-  return file ? file->find(number) : std::nullopt;
+  const auto file = StringTableFile::Parse(library);
+  return file ? file->Find(number) : std::nullopt;
 }
 
 TEST(StringTableFile, FindsTextsOfTheNeutralLanguageOrElseTheFirst) {

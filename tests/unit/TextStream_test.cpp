@@ -29,7 +29,7 @@ TEST_F(TextStreamTest, Lines) {
       {TextFormat::unicode, "a\0\n\0b\0"sv, {"a", "b"}},
   };
   for (const auto& [format, bytes, expected] : cases) {
-    store.put(path, bytes);
+    store.Put(path, bytes);
     const auto stream = files.OpenTextFile(path, IOMode::reading, false, format);
     Lines lines;
     while (!stream->AtEndOfStream()) lines.push_back(stream->ReadLine());
@@ -38,7 +38,7 @@ TEST_F(TextStreamTest, Lines) {
 }
 
 TEST_F(TextStreamTest, ReadingOnAndFailures) {
-  store.put(path, "one\r\ntwo\r\nthree\n");
+  store.Put(path, "one\r\ntwo\r\nthree\n");
   const auto stream = files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
   EXPECT_EQ(stream->ReadLine(), "one");
   EXPECT_EQ(stream->ReadAll(), "two\r\nthree\n");
@@ -58,12 +58,12 @@ TEST_F(TextStreamTest, WritingInEveryFormat) {
       {IOMode::appending, TextFormat::unicode, "", wide},
   };
   for (const auto& [mode, format, before, after] : cases) {
-    store.put(path, before);
+    store.Put(path, before);
     const auto stream = files.OpenTextFile(path, mode, false, format);
     stream->WriteLine("\xC3\xA4\xC5\x80\xE2\x82\xAC");
     stream->Write("z");
     stream->Close();
-    EXPECT_EQ(store.bytes(path), after);
+    EXPECT_EQ(store.Bytes(path), after);
     EXPECT_EQ(FailureNumber([&] { stream->Write("x"); }), 52);
   }
 }

@@ -96,7 +96,7 @@ TEST(ChecksumTest, LinesAndWhatIsLeftOut) {
       {"\t#CRC 1", -968518645},  // nor this: a tab is text
       {"#CR", -207538025},
   };
-  for (const auto& [bytes, checksum] : cases) EXPECT_EQ(scriptChecksum(bytes), checksum) << bytes;
+  for (const auto& [bytes, checksum] : cases) EXPECT_EQ(ScriptChecksum(bytes), checksum) << bytes;
   EXPECT_EQ(strChecksumText(0), " 0");
   EXPECT_EQ(strChecksumText(std::numeric_limits<std::int32_t>::min()), "-2147483648");
 }

@@ -17,36 +17,36 @@
 
 namespace dialwright {
 
-static std::string smallHelp() { return BytesOf(SMALL_HELP); }
+static std::string SmallHelp() { return BytesOf(SMALL_HELP); }
 
 TEST(ChmArchive, ReadsWhatTheCompilerHasPutIn) {
-  const auto archive = ChmArchive::open(smallHelp());
+  const auto archive = ChmArchive::Open(SmallHelp());
   ASSERT_NE(archive, nullptr);
-  EXPECT_EQ(archive->title(), "Small Help");
-  EXPECT_EQ(archive->homePage(), "/first.html");
-  EXPECT_NE(archive->read("FIRST.html").value_or("").find("f\xc3\xbcr alle"), std::string::npos);
-  EXPECT_EQ(helpText("f\xfcr \x93").toStdString(), "f\xc3\xbcr \xe2\x80\x9c") << "no UTF-8";
+  EXPECT_EQ(archive->Title(), "Small Help");
+  EXPECT_EQ(archive->HomePage(), "/first.html");
+  EXPECT_NE(archive->Read("FIRST.html").value_or("").find("f\xc3\xbcr alle"), std::string::npos);
+  EXPECT_EQ(HelpText("f\xfcr \x93").toStdString(), "f\xc3\xbcr \xe2\x80\x9c") << "no UTF-8";
 }
 
 /// Whatever the bytes are, the answer is an archive that can be read through or none.
-static bool readThrough(const std::string& bytes) {
-  const auto archive = ChmArchive::open(bytes);
+static bool ReadThrough(const std::string& bytes) {
+  const auto archive = ChmArchive::Open(bytes);
   if (!archive) return false;
-  for (const std::string& page : archive->pages()) archive->read(page);
-  readHelpContents(helpText(archive->read(archive->contentsFile()).value_or("")));
+  for (const std::string& page : archive->Pages()) archive->Read(page);
+  ReadHelpContents(HelpText(archive->Read(archive->ContentsFile()).value_or("")));
   return true;
 }
 
 TEST(ChmArchive, ADamagedFileIsNoneOrIsReadAsFarAsItGoes) {
-  const std::string whole = smallHelp(), zero(4, '\0'), huge(4, '\x7f');
+  const std::string whole = SmallHelp(), zero(4, '\0'), huge(4, '\x7f');
   for (std::size_t length = 0; length < whole.size(); length += 37)
-    readThrough(whole.substr(0, length));
+    ReadThrough(whole.substr(0, length));
   std::mt19937 random(7);
   for (unsigned round = 0; round < 2000; ++round) {
     std::string damaged = whole;
     for (unsigned change = 0; change < 1 + round % 8; ++change)
       damaged[random() % damaged.size()] = static_cast<char>(random());
-    readThrough(damaged);
+    ReadThrough(damaged);
   }
   // What the library itself would stumble over.
   const std::tuple<const char*, std::size_t, std::string> rows[] = {
@@ -58,13 +58,13 @@ TEST(ChmArchive, ADamagedFileIsNoneOrIsReadAsFarAsItGoes) {
   for (const auto& [mark, offset, damage] : rows) {
     std::string bytes = whole;
     bytes.replace(bytes.find(mark) + offset, damage.size(), damage);
-    EXPECT_FALSE(readThrough(bytes)) << mark << offset;
+    EXPECT_FALSE(ReadThrough(bytes)) << mark << offset;
   }
 }
 
 TEST(HelpWindow, TurnsPagesAndFindsWords) {
-  HelpWindow window(ChmArchive::open(smallHelp()));
-  window.showHomePage();
+  HelpWindow window(ChmArchive::Open(SmallHelp()));
+  window.ShowHomePage();
   window.show();
   auto& page = *window.findChild<QTextBrowser*>("helpPage");
   auto& tree = *window.findChild<QTreeWidget*>("helpContents");
@@ -92,8 +92,8 @@ TEST(HelpViewer, OpensClosesAndSaysWhichFileIsNoHelp) {
   World world(printer);
   HelpViewerQt viewer(world.files);
   const std::string good = "C:\\Dialwright\\good.chm", bad = "C:\\Dialwright\\bad.chm";
-  world.makeFile(good, smallHelp());
-  world.makeFile(bad, "something else");
+  world.MakeFile(good, SmallHelp());
+  world.MakeFile(bad, "something else");
   const auto open = [&] {
     const WindowHandle opened = viewer.HtmlHelpA(0, good, 0, 0);
     EXPECT_TRUE(viewer.IsWindow(opened));
@@ -109,7 +109,7 @@ TEST(HelpViewer, OpensClosesAndSaysWhichFileIsNoHelp) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(viewer.IsWindow(second));
 
-  world.files.lock(good);
+  world.files.Lock(good);
   for (const std::string& path : {std::string("C:\\Dialwright\\none.chm"), bad, good}) {
     QString text;
     QTimer::singleShot(0, [&text] {

@@ -19,16 +19,16 @@ namespace dialwright {
 
 class FocusFilterTest : public WindowTest {
  protected:
-  GridView& grid() { return widget<GridView>("gridKeyMap(0)"); }
-  void click(QWidget& target, QPoint place) {
+  GridView& Grid() { return widget<GridView>("gridKeyMap(0)"); }
+  void Click(QWidget& target, QPoint place) {
     QTest::mouseClick(&target, Qt::LeftButton, Qt::NoModifier, place);
     QCoreApplication::processEvents();
   }
-  void clickRow(int row) {
-    click(*grid().viewport(), grid().visualRect(grid().model()->index(row - 1, 0)).center());
+  void ClickRow(int row) {
+    Click(*Grid().viewport(), Grid().visualRect(Grid().model()->index(row - 1, 0)).center());
   }
-  void expectRefused() {
-    EXPECT_EQ(focused(), "txtKeyAssignment(0)");
+  void ExpectRefused() {
+    EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
     EXPECT_EQ(widget<KeyEdit>("txtKeyAssignment(0)").text(), "12a");
     EXPECT_EQ(form.SSTab1.Tab(), 0);
     EXPECT_EQ(form.gridKeyMap[0].Row(), 1);
@@ -40,10 +40,10 @@ class FocusFilterTest : public WindowTest {
 // The transcripts click everything else that a refused key holds back.
 TEST_F(FocusFilterTest, EveryStepOutOfTheBoxIsHeldByARefusedKeyAndLetByAGoodOne) {
   const auto key = [this](Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    return [this, pressed, modifiers] { press(pressed, modifiers); };
+    return [this, pressed, modifiers] { Press(pressed, modifiers); };
   };
   const std::tuple<const char*, std::function<void()>, const char*> steps[] = {
-      {"click on the current row", [this] { clickRow(1); }, "gridKeyMap(0)"},
+      {"click on the current row", [this] { ClickRow(1); }, "gridKeyMap(0)"},
       {"Tab", key(Qt::Key_Tab), "chkDontVoiceAction(0)"},
       {"Shift+Tab", key(Qt::Key_Backtab, Qt::ShiftModifier), "gridKeyMap(0)"},
       {"Ctrl+Tab", key(Qt::Key_Tab, Qt::ControlModifier), "txtKeyAssignment(1)"},
@@ -55,30 +55,30 @@ TEST_F(FocusFilterTest, EveryStepOutOfTheBoxIsHeldByARefusedKeyAndLetByAGoodOne)
   const KeyGrid& keys = form.gridKeyMap[0];
   for (const auto& [name, take, reaches] : steps) {
     SCOPED_TRACE(name);
-    user.type("12a", true);
+    user.Type("12a", true);
     take();
-    EXPECT_EQ(shown(), keyRefused);
-    expectRefused();
+    EXPECT_EQ(Shown(), keyRefused);
+    ExpectRefused();
 
     world.messages.answers = {MsgBoxAnswer::No};  // to Exit's question
-    user.type("95", true);
+    user.Type("95", true);
     take();
-    EXPECT_EQ(focused(), reaches);
-    user.tab(0);
-    user.row(0, "MENU_NEW");
+    EXPECT_EQ(Focused(), reaches);
+    user.Tab(0);
+    user.Row(0, "MENU_NEW");
     EXPECT_EQ(keys.Text(keys.Row(), Column::KeyAssignment), "95");
-    user.type("1", true);
-    user.leave();
-    shown();
+    user.Type("1", true);
+    user.Leave();
+    Shown();
   }
 }
 
 TEST_F(FocusFilterTest, WhatTakesNoFocusValidatesNothing) {
-  user.type("12a", true);
+  user.Type("12a", true);
   QMenuBar& bar = *window.menuBar();
-  click(bar, bar.actionGeometry(bar.actions().front()).center());
+  Click(bar, bar.actionGeometry(bar.actions().front()).center());
   QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-  press(Qt::Key_Escape);
+  Press(Qt::Key_Escape);
 
   QWidget other;
   for (QWidget* next : {&other, static_cast<QWidget*>(&window)}) {
@@ -91,29 +91,29 @@ TEST_F(FocusFilterTest, WhatTakesNoFocusValidatesNothing) {
   QWheelEvent turn(place, tabs.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
                    Qt::NoScrollPhase, false);
   QApplication::sendEvent(&tabs, &turn);
-  click(*grid().verticalScrollBar(), {1, 1});
+  Click(*Grid().verticalScrollBar(), {1, 1});
   form.chkDontVoiceAction[0].Enabled = false;
   QCoreApplication::processEvents();
-  click(widget<QCheckBox>("chkDontVoiceAction(0)"), {8, 8});
-  EXPECT_TRUE(shown().empty());
-  expectRefused();
+  Click(widget<QCheckBox>("chkDontVoiceAction(0)"), {8, 8});
+  EXPECT_TRUE(Shown().empty());
+  ExpectRefused();
 }
 
 TEST_F(FocusFilterTest, TabVisitsWhatCanBeUsedInTheOrderOfThePage) {
   const auto round = [this] {
     std::string names;
-    const std::string first = focused();
+    const std::string first = Focused();
     do {
-      names += focused() + " ";
-      press(Qt::Key_Tab);
-    } while (focused() != first && names.size() < 1000);
+      names += Focused() + " ";
+      Press(Qt::Key_Tab);
+    } while (Focused() != first && names.size() < 1000);
     return names;
   };
   EXPECT_EQ(round(),
             "txtKeyAssignment(0) chkDontVoiceAction(0) UpDownMenuOrder(0) cmdExit SSTab1 "
             "gridKeyMap(0) ");
-  user.tab(setupTab);
-  user.set("chkMAIN_MESSAGE_SETTINGS", 0);
+  user.Tab(setupTab);
+  user.Set("chkMAIN_MESSAGE_SETTINGS", 0);
   EXPECT_EQ(round(),
             "chkMAIN_MESSAGE_SETTINGS chkMAIN_PERSONAL_SETTINGS chkMAIN_TRANSFER chkGenerateHelp "
             "chkGeneratePDF cmdSave cmdExit SSTab1 chkMAIN_GREETINGS ");
@@ -125,10 +125,10 @@ TEST_F(FocusFilterTest, TheKeysOfBoxAndGridChooseRows) {
       {false, Qt::Key_End, last}, {false, Qt::Key_Up, last - 1}, {true, Qt::Key_Up, last - 2},
       {false, Qt::Key_Home, 1},   {false, Qt::Key_Down, 2},      {true, Qt::Key_Down, 3}};
   for (const auto& [inBox, key, row] : keys) {
-    if (!inBox) user.leave();
-    press(key);
+    if (!inBox) user.Leave();
+    Press(key);
     EXPECT_EQ(form.gridKeyMap[0].Row(), row);
-    EXPECT_EQ(focused(), "txtKeyAssignment(0)");
+    EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
   }
 }
 
@@ -137,10 +137,10 @@ TEST_F(FocusFilterTest, AClickMeansThePlaceThatWasUnderThePointer) {
   // list scrolls after it.
   window.resize(window.width(), window.minimumSizeHint().height());
   QCoreApplication::processEvents();
-  ASSERT_GT(grid().verticalScrollBar()->maximum(), 0);
+  ASSERT_GT(Grid().verticalScrollBar()->maximum(), 0);
   const std::string third = form.gridKeyMap[0].Text(3, Column::ActionToken);
-  user.type("", true);
-  clickRow(2);
+  user.Type("", true);
+  ClickRow(2);
   EXPECT_EQ(form.gridKeyMap[0].Row(), 2);
   EXPECT_EQ(form.gridKeyMap[0].Text(2, Column::ActionToken), third);
 }
@@ -149,39 +149,39 @@ TEST_F(FocusFilterTest, AMnemonicOfATabOrALabelLeadsThere) {
   form.SSTab1.SetTabCaption(4, "&After Message Menu");
   form.labelKeyMap[4].Caption = "&Key map";
   QCoreApplication::processEvents();
-  press(Qt::Key_A, Qt::AltModifier);
+  Press(Qt::Key_A, Qt::AltModifier);
   EXPECT_EQ(form.SSTab1.Tab(), 4);
-  user.leave();
-  press(Qt::Key_K, Qt::AltModifier);
-  EXPECT_EQ(focused(), "txtKeyAssignment(4)");
+  user.Leave();
+  Press(Qt::Key_K, Qt::AltModifier);
+  EXPECT_EQ(Focused(), "txtKeyAssignment(4)");
 }
 
 class KeyEditTest : public WindowTest {
  protected:
-  KeyEdit& edit() { return widget<KeyEdit>("txtKeyAssignment(0)"); }
-  EditBox& box() { return form.txtKeyAssignment[0]; }
+  KeyEdit& Edit() { return widget<KeyEdit>("txtKeyAssignment(0)"); }
+  EditBox& Box() { return form.txtKeyAssignment[0]; }
 
   /// Opens the menu of the box and picks an item, by the toolkit's name for it.
-  void pick(const char* item) {
+  void Pick(const char* item) {
     QTimer::singleShot(0, [item] {
       auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
       menu->findChild<QAction*>(item)->trigger();
       menu->close();
     });
-    QContextMenuEvent open(QContextMenuEvent::Keyboard, {}, edit().mapToGlobal(QPoint(4, 4)));
-    QApplication::sendEvent(&edit(), &open);
+    QContextMenuEvent open(QContextMenuEvent::Keyboard, {}, Edit().mapToGlobal(QPoint(4, 4)));
+    QApplication::sendEvent(&Edit(), &open);
   }
 };
 
 TEST_F(KeyEditTest, EveryWayToChangeTheTextIsAKeyPressBeforeIt) {
   const auto key = [this](Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    return [this, pressed, modifiers] { press(pressed, modifiers); };
+    return [this, pressed, modifiers] { Press(pressed, modifiers); };
   };
-  const auto menu = [this](const char* item) { return [this, item] { pick(item); }; };
+  const auto menu = [this](const char* item) { return [this, item] { Pick(item); }; };
   const auto inputMethod = [this] {
     QInputMethodEvent commit;
     commit.setCommitString("2345");
-    QApplication::sendEvent(&edit(), &commit);
+    QApplication::sendEvent(&Edit(), &commit);
   };
   constexpr auto control = Qt::ControlModifier;
   const std::tuple<const char*, const char*, bool, std::function<void()>, const char*> ways[] = {
@@ -199,28 +199,28 @@ TEST_F(KeyEditTest, EveryWayToChangeTheTextIsAKeyPressBeforeIt) {
   };
   for (const auto& [name, before, selected, change, after] : ways) {
     SCOPED_TRACE(name);
-    box().SetText("");
+    Box().SetText("");
     QCoreApplication::processEvents();
-    user.type(before, true);
-    if (selected) edit().selectAll();
+    user.Type(before, true);
+    if (selected) Edit().selectAll();
     QApplication::clipboard()->setText("7*\n8");
     form.cmdSave.Enabled = false;
-    const auto keyPress = box().KeyPress;
+    const auto keyPress = Box().KeyPress;
     std::vector<std::string> textsAtKeyPress;
-    box().KeyPress = [&](int code) {
-      textsAtKeyPress.push_back(box().Text());
+    Box().KeyPress = [&](int code) {
+      textsAtKeyPress.push_back(Box().Text());
       keyPress(code);
     };
     change();
-    box().KeyPress = keyPress;
+    Box().KeyPress = keyPress;
     ASSERT_FALSE(textsAtKeyPress.empty());
     EXPECT_EQ(textsAtKeyPress.front(), before);
     EXPECT_TRUE(form.cmdSave.Enabled);
-    EXPECT_EQ(box().Text(), after);
+    EXPECT_EQ(Box().Text(), after);
   }
   form.cmdSave.Enabled = false;
-  for (const auto other : {Qt::Key_Left, Qt::Key_Escape}) press(other);
-  for (const auto other : {Qt::Key_A, Qt::Key_C}) press(other, control);
+  for (const auto other : {Qt::Key_Left, Qt::Key_Escape}) Press(other);
+  for (const auto other : {Qt::Key_A, Qt::Key_C}) Press(other, control);
   EXPECT_FALSE(form.cmdSave.Enabled) << "what changes no text is no key press";
 }
 

@@ -20,12 +20,12 @@ class LanguagesTest : public WindowTest {
     for (const auto& file : std::filesystem::directory_iterator(DIALWRIGHT_PROGRAM_DIR))
       if (file.path().extension() == ".dll") {
         const std::string name = "C:\\Dialwright\\" + file.path().filename().string();
-        std::filesystem::copy_file(file, world.hostPath(name));
+        std::filesystem::copy_file(file, world.HostPath(name));
       }
   }
 
   /// Notes the text under its underlined letter, if it has one.
-  static void note(std::multimap<QString, QString>& letters, const QString& text) {
+  static void Note(std::multimap<QString, QString>& letters, const QString& text) {
     if (const QKeySequence key = QKeySequence::mnemonic(text); !key.isEmpty())
       letters.emplace(key.toString(), text);
   }
@@ -39,39 +39,39 @@ class LanguagesTest : public WindowTest {
   void checkLetters(const std::string& language) {
     std::multimap<QString, QString> shown;
     for (const QAction* action : window.menuBar()->actions())
-      if (action->isVisible()) note(shown, action->text());
+      if (action->isVisible()) Note(shown, action->text());
     for (const auto* button : window.findChildren<QAbstractButton*>())
-      if (button->isVisible()) note(shown, button->text());
+      if (button->isVisible()) Note(shown, button->text());
     for (const auto* label : window.findChildren<QLabel*>())
-      if (label->isVisible() && label->buddy() != nullptr) note(shown, label->text());
+      if (label->isVisible() && label->buddy() != nullptr) Note(shown, label->text());
     expectApart(shown, language);
     for (const auto* menu : window.findChildren<QMenu*>()) {
       std::multimap<QString, QString> items;
       for (const QAction* action : menu->actions())
-        if (action->isVisible()) note(items, action->text());
+        if (action->isVisible()) Note(items, action->text());
       expectApart(items, language + ", " + menu->objectName().toStdString());
     }
   }
 };
 
 TEST_F(LanguagesTest, NoLetterIsUnderlinedTwiceInAMenuOrInTheWindow) {
-  user.click("mnuAbout");
+  user.Click("mnuAbout");
   const std::size_t count = world.program.language.astrLanguages.size();
   EXPECT_EQ(count, 7U);
   for (std::size_t i = 0; i < count; ++i) {
-    EXPECT_EQ(user.click("mnuLanguageList(" + std::to_string(i) + ")"), Outcome::done);
-    user.click("cmdOK");
+    EXPECT_EQ(user.Click("mnuLanguageList(" + std::to_string(i) + ")"), Outcome::done);
+    user.Click("cmdOK");
     for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
-      user.tab(tab);
+      user.Tab(tab);
       checkLetters(world.program.language.astrLanguages[i]);
     }
-    user.click("mnuAbout");
+    user.Click("mnuAbout");
   }
 }
 
 TEST_F(LanguagesTest, NoScriptIsSetInATypewritersFontWhereAnotherIsInstalled) {
   for (const std::int32_t language : {1041, 1042, 1028, 2052}) {
-    const QFont font = languageFont(LanguageFont(language));
+    const QFont font = LanguageFont(LanguageFont(language));
     const QFontMetricsF metrics(font);
     EXPECT_NE(metrics.horizontalAdvance('i'), metrics.horizontalAdvance('W'))
         << language << ' ' << QFontInfo(font).family().toStdString();

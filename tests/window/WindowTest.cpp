@@ -16,28 +16,28 @@ const std::vector<std::string> keyRefused{
     "msgbox OK \"Key assignments can only consist of digits from 0-9 or the # and * keys\""};
 
 WindowTest::WindowTest()
-    : world(printer), form(*world.program.main), user(world.program), window(user.mainWindow()) {
+    : world(printer), form(*world.program.main), user(world.program), window(user.Shown()) {
   namespace fs = std::filesystem;
   const fs::path image = fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox/merid-7.0-2.0";
-  fs::copy(image / "drive_c", world.hostPath("C:\\"),
+  fs::copy(image / "drive_c", world.HostPath("C:\\"),
            fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-  for (const auto& file : fs::recursive_directory_iterator(world.hostPath("C:\\")))
+  for (const auto& file : fs::recursive_directory_iterator(world.HostPath("C:\\")))
     fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
-  readRegistryFile(BytesOf(image / "server.reg"), world.registry);
+  ReadRegistryFile(BytesOf(image / "server.reg"), world.registry);
   for (const QTableView* grid : window.findChildren<QTableView*>())
     new QAbstractItemModelTester(grid->model(),
                                  QAbstractItemModelTester::FailureReportingMode::Fatal, &window);
   Form_Load(form);
-  user.started();
+  user.Started();
 }
 
-void WindowTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+void WindowTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QWidget* target = window.focusWidget();
   QTest::keyClick(target != nullptr ? target : &window, key, modifiers);
   QCoreApplication::processEvents();
 }
 
-std::string WindowTest::focused() {
+std::string WindowTest::Focused() {
   const Control* active = form.focus.ActiveControl();
   const QWidget* keyboard = window.focusWidget();
   const std::string name = active != nullptr ? active->Name : "";
@@ -45,7 +45,7 @@ std::string WindowTest::focused() {
   return name;
 }
 
-std::vector<std::string> WindowTest::shown() { return std::exchange(printer.lines, {}); }
+std::vector<std::string> WindowTest::Shown() { return std::exchange(printer.lines, {}); }
 
 }  // namespace dialwright
 

@@ -24,11 +24,11 @@ class WindowTest : public testing::Test {
     return *found;
   }
   /// Presses a key where the keyboard is.
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   /// The control that has the form's focus, which must be where the keyboard is; "" for none.
-  std::string focused();
+  std::string Focused();
   /// What the program has shown since the last call: message boxes and the like.
-  std::vector<std::string> shown();
+  std::vector<std::string> Shown();
 
   Printer printer;
   World world;

@@ -18,7 +18,7 @@
 namespace dialwright {
 
 /// Does something with the message box that comes up next.
-static void withNextBox(const std::function<void(QMessageBox&)>& use) {
+static void WithNextBox(const std::function<void(QMessageBox&)>& use) {
   QTimer::singleShot(0, [use] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
@@ -43,10 +43,10 @@ TEST(QtMessageBoxes, AnswersComeFromButtonsLettersAndTheCloseBox) {
   };
   QtMessageBoxes messages("Program");
   for (const auto& [buttons, use, answer] : rows) {
-    withNextBox(use);
+    WithNextBox(use);
     EXPECT_EQ(messages.MsgBox("text", buttons, ""), answer);
   }
-  withNextBox([](QMessageBox& box) {
+  WithNextBox([](QMessageBox& box) {
     EXPECT_EQ(box.windowTitle(), "Program");
     EXPECT_EQ(box.text(), "C:\\<b>\n& more");
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
@@ -59,57 +59,57 @@ class AboutDialogTest : public WindowTest {
  protected:
   AboutDialogTest() {
     for (const char* code : {"DEU", "JPN"})
-      world.makeFile("C:\\Dialwright\\Dialwright_" + std::string(code) + ".dll",
+      world.MakeFile("C:\\Dialwright\\Dialwright_" + std::string(code) + ".dll",
                      MakeStringLibrary({{1036, u"&Beenden"}, {1098, u"Gut"}}));
-    user.click("mnuAbout");
+    user.Click("mnuAbout");
   }
-  AboutDialog& about() { return *window.aboutBox(); }
+  AboutDialog& About() { return *window.AboutBox(); }
 };
 
 TEST_F(AboutDialogTest, ALanguageIsSpokenByBothWindowsAtOnce) {
-  auto* opener = about().findChild<QPushButton*>("lblChangeLanguage");
+  auto* opener = About().findChild<QPushButton*>("lblChangeLanguage");
   opener->setFocus();
   QTest::keyClick(opener, Qt::Key_Space);
   auto* list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(list, nullptr);
   QTest::keyClick(list, Qt::Key_Down);
   QTest::keyClick(list, Qt::Key_Return);
-  EXPECT_EQ(about().findChild<QPushButton*>("cmdOK")->text(), "Gut");
+  EXPECT_EQ(About().findChild<QPushButton*>("cmdOK")->text(), "Gut");
   EXPECT_EQ(widget<QPushButton>("cmdExit").text(), "&Beenden");
 }
 
 TEST_F(AboutDialogTest, AnyWayToCloseItIsItsButton) {
   const std::function<void()> ways[] = {
-      [this] { QTest::mouseClick(about().findChild<QPushButton*>("cmdOK"), Qt::LeftButton); },
-      [this] { QTest::keyClick(&about(), Qt::Key_Escape); },
-      [this] { about().close(); },
+      [this] { QTest::mouseClick(About().findChild<QPushButton*>("cmdOK"), Qt::LeftButton); },
+      [this] { QTest::keyClick(&About(), Qt::Key_Escape); },
+      [this] { About().close(); },
   };
   for (const auto& way : ways) {
-    EXPECT_EQ(user.click("cmdSave"), Outcome::refused);
+    EXPECT_EQ(user.Click("cmdSave"), Outcome::refused);
     way();
-    EXPECT_FALSE(about().isVisible());
-    EXPECT_FALSE(world.program.aboutIsUp());
-    user.click("mnuAbout");
-    EXPECT_TRUE(about().isVisible());
+    EXPECT_FALSE(About().isVisible());
+    EXPECT_FALSE(world.program.AboutIsUp());
+    user.Click("mnuAbout");
+    EXPECT_TRUE(About().isVisible());
   }
 }
 
 TEST_F(AboutDialogTest, AsAModalBoxItHoldsUpWhoeverOpensIt) {
-  user.click("cmdOK");
-  about().holdsUp = true;
+  user.Click("cmdOK");
+  About().holdsUp = true;
   bool wasUp = false;
   QTimer::singleShot(0, [&] {
-    wasUp = world.program.aboutIsUp();
-    QTest::mouseClick(about().findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    wasUp = world.program.AboutIsUp();
+    QTest::mouseClick(About().findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
   });
   window.findChild<QAction*>("mnuAbout")->trigger();
   EXPECT_TRUE(wasUp);
-  EXPECT_FALSE(world.program.aboutIsUp());
+  EXPECT_FALSE(world.program.AboutIsUp());
 }
 
 using MainWindowTest = WindowTest;
 
-static std::string accessibleName(QWidget& widget) {
+static std::string AccessibleName(QWidget& widget) {
   QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
   return spoken != nullptr ? spoken->text(QAccessible::Name).toStdString() : "";
 }
@@ -119,12 +119,12 @@ TEST_F(MainWindowTest, EveryFieldHasOneWidgetAndAName) {
     if (dynamic_cast<const MenuItem*>(control) != nullptr) continue;
     EXPECT_EQ(window.findChildren<QWidget*>(QString::fromStdString(control->Name)).size(), 1);
     if (dynamic_cast<const Label*>(control) != nullptr) continue;
-    EXPECT_NE(accessibleName(widget<QWidget>(control->Name)), "") << control->Name;
+    EXPECT_NE(AccessibleName(widget<QWidget>(control->Name)), "") << control->Name;
   }
 }
 
 /// The first widget that has less room than its text needs.
-static std::string cutWidget(const MainWindow& window) {
+static std::string CutWidget(const MainWindow& window) {
   for (const QWidget* widget : window.centralWidget()->findChildren<QWidget*>()) {
     const bool hasText = widget->inherits("QLabel") || widget->inherits("QCheckBox") ||
                          widget->inherits("QPushButton") || widget->inherits("QGroupBox");
@@ -147,14 +147,14 @@ TEST_F(MainWindowTest, NoTextIsCutOffInALargeFontOrALongLanguage) {
   large.setPointSize(20);
   const auto expectWhole = [this](const char* what) {
     for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
-      user.tab(tab);
+      user.Tab(tab);
       // The lines of a text and the width of the window settle each other.
       for (int round = 0; round < 5; ++round) {
         window.resize(window.minimumSizeHint());
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
       }
-      EXPECT_EQ(cutWidget(window), "") << what << ", tab " << tab;
+      EXPECT_EQ(CutWidget(window), "") << what << ", tab " << tab;
     }
   };
   expectWhole("as it is");
@@ -191,20 +191,20 @@ TEST_F(MainWindowTest, TheRowThatTheBoxesEditIsMarkedWhereverTheKeyboardIs) {
 // From here on the program has ended, and no message box of the toolkit stays up any more.
 
 TEST_F(MainWindowTest, NothingButItsOwnWaysOutEndsTheProgram) {
-  press(Qt::Key_Q, Qt::ControlModifier);
-  press(Qt::Key_W, Qt::ControlModifier);
-  press(Qt::Key_Escape);
+  Press(Qt::Key_Q, Qt::ControlModifier);
+  Press(Qt::Key_W, Qt::ControlModifier);
+  Press(Qt::Key_Escape);
   EXPECT_TRUE(window.isVisible());
-  EXPECT_FALSE(window.dispatch().ended());
-  user.type("2", true);
+  EXPECT_FALSE(window.Entry().Ended());
+  user.Type("2", true);
   EXPECT_TRUE(form.cmdSave.Enabled);
   world.messages.answers = {MsgBoxAnswer::Yes};
   EXPECT_TRUE(window.close());
-  EXPECT_TRUE(window.dispatch().ended());
-  EXPECT_EQ(shown().size(), 1U);
+  EXPECT_TRUE(window.Entry().Ended());
+  EXPECT_EQ(Shown().size(), 1U);
   // Events that are still on their way find nobody.
   widget<QPushButton>("cmdExit").click();
-  EXPECT_TRUE(shown().empty());
+  EXPECT_TRUE(Shown().empty());
 }
 
 TEST_F(MainWindowTest, WorkIsNotEnteredAgainAndItsFailureEndsTheProgram) {
@@ -216,8 +216,8 @@ TEST_F(MainWindowTest, WorkIsNotEnteredAgainAndItsFailureEndsTheProgram) {
   };
   widget<QPushButton>("cmdExit").click();
   EXPECT_EQ(clicks, 1);
-  EXPECT_TRUE(window.dispatch().ended());
-  EXPECT_THROW(std::rethrow_exception(window.dispatch().failure()), std::logic_error);
+  EXPECT_TRUE(window.Entry().Ended());
+  EXPECT_THROW(std::rethrow_exception(window.Entry().Failure()), std::logic_error);
 }
 
 }  // namespace dialwright

@@ -9,7 +9,7 @@ namespace {
 /// A place where the file is not what it says.
 struct Unsound {};
 
-void require(bool condition) {
+void Require(bool condition) {
   if (!condition) throw Unsound{};
 }
 
@@ -18,22 +18,22 @@ class Bytes {
  public:
   explicit Bytes(std::string_view bytes) : data(bytes) {}
 
-  std::uint64_t number(std::size_t offset, std::size_t size) const {
-    require(offset <= data.size() && size <= data.size() - offset);
+  std::uint64_t Number(std::size_t offset, std::size_t size) const {
+    Require(offset <= data.size() && size <= data.size() - offset);
     std::uint64_t value = 0;
     for (std::size_t i = size; i-- > 0;)
       value = value << 8 | static_cast<unsigned char>(data[offset + i]);
     return value;
   }
-  std::uint32_t word(std::size_t offset) const {
-    return static_cast<std::uint32_t>(number(offset, 4));
+  std::uint32_t Word(std::size_t offset) const {
+    return static_cast<std::uint32_t>(Number(offset, 4));
   }
-  std::uint64_t quad(std::size_t offset) const { return number(offset, 8); }
-  bool has(std::size_t offset, std::string_view mark) const {
+  std::uint64_t Quad(std::size_t offset) const { return Number(offset, 8); }
+  bool Has(std::size_t offset, std::string_view mark) const {
     return offset <= data.size() && data.substr(offset).starts_with(mark);
   }
-  std::string_view part(std::uint64_t offset, std::uint64_t length) const {
-    require(offset <= data.size() && length <= data.size() - offset);
+  std::string_view Part(std::uint64_t offset, std::uint64_t length) const {
+    Require(offset <= data.size() && length <= data.size() - offset);
     return data.substr(offset, length);
   }
 
@@ -46,11 +46,11 @@ class PageReader {
  public:
   explicit PageReader(std::string_view entries) : rest(entries) {}
 
-  bool atEnd() const { return rest.empty(); }
-  std::uint64_t number() {
+  bool AtEnd() const { return rest.empty(); }
+  std::uint64_t Number() {
     std::uint64_t value = 0;
     for (int count = 0; count < 9; ++count) {
-      require(!rest.empty());
+      Require(!rest.empty());
       const auto byte = static_cast<unsigned char>(rest.front());
       rest.remove_prefix(1);
       value = value << 7 | (byte & 0x7f);
@@ -58,10 +58,10 @@ class PageReader {
     }
     throw Unsound{};
   }
-  std::string name() {
+  std::string Name() {
     constexpr std::size_t longestName = 511;
-    const std::uint64_t length = number();
-    require(length <= longestName && length <= rest.size());
+    const std::uint64_t length = Number();
+    Require(length <= longestName && length <= rest.size());
     std::string result(rest.substr(0, length));
     rest.remove_prefix(length);
     return result;
@@ -84,19 +84,19 @@ constexpr std::uint64_t largestFile = 256U << 20;
 class Directory {
  public:
   explicit Directory(std::string_view bytes) : file(bytes) {
-    require(file.has(0, "ITSF") && (file.word(4) == 2 || file.word(4) == 3));
-    const std::uint64_t directory = file.quad(0x48);
-    const std::uint64_t directoryLength = file.quad(0x50);
-    const Bytes header(file.part(directory, directoryLength));
-    require(header.has(0, "ITSP") && header.word(4) == 1 && header.word(8) == headerLength);
-    dataOffset = file.word(4) == 3 ? file.quad(0x58) : directory + directoryLength;
-    pageLength = header.word(0x10);
-    require(pageLength >= 64 && pageLength <= 1U << 20);
-    pages = file.part(directory + headerLength, directoryLength - headerLength);
+    Require(file.Has(0, "ITSF") && (file.Word(4) == 2 || file.Word(4) == 3));
+    const std::uint64_t directory = file.Quad(0x48);
+    const std::uint64_t directoryLength = file.Quad(0x50);
+    const Bytes header(file.Part(directory, directoryLength));
+    Require(header.Has(0, "ITSP") && header.Word(4) == 1 && header.Word(8) == headerLength);
+    dataOffset = file.Word(4) == 3 ? file.Quad(0x58) : directory + directoryLength;
+    pageLength = header.Word(0x10);
+    Require(pageLength >= 64 && pageLength <= 1U << 20);
+    pages = file.Part(directory + headerLength, directoryLength - headerLength);
 
-    readList(header.word(0x20));
-    if (const std::uint32_t root = header.word(0x1c); root != noPage) checkIndex(root, 0);
-    checkEntries();
+    ReadList(header.Word(0x20));
+    if (const std::uint32_t root = header.Word(0x1c); root != noPage) CheckIndex(root, 0);
+    CheckEntries();
   }
 
   std::vector<ChmEntry> entries;
@@ -105,103 +105,103 @@ class Directory {
   static constexpr std::uint32_t headerLength = 0x54;
 
   /// What a page holds behind its head, without the free space at its end.
-  std::string_view page(std::uint32_t number, std::string_view mark, std::size_t head) const {
+  std::string_view Page(std::uint32_t number, std::string_view mark, std::size_t head) const {
     const std::string_view whole =
-        Bytes(pages).part(std::uint64_t{number} * pageLength, pageLength);
+        Bytes(pages).Part(std::uint64_t{number} * pageLength, pageLength);
     const Bytes bytes(whole);
-    require(bytes.has(0, mark) && bytes.word(4) <= pageLength - head);
-    return whole.substr(head, pageLength - head - bytes.word(4));
+    Require(bytes.Has(0, mark) && bytes.Word(4) <= pageLength - head);
+    return whole.substr(head, pageLength - head - bytes.Word(4));
   }
 
-  void readList(std::uint32_t number) {
+  void ReadList(std::uint32_t number) {
     constexpr std::size_t head = 0x14;
     std::set<std::uint32_t> seen;
     while (number != noPage) {
-      require(seen.insert(number).second);
-      PageReader reader(page(number, "PMGL", head));
-      while (!reader.atEnd()) {
+      Require(seen.insert(number).second);
+      PageReader reader(Page(number, "PMGL", head));
+      while (!reader.AtEnd()) {
         ChmEntry entry;
-        entry.name = reader.name();
-        const std::uint64_t space = reader.number();
-        require(space <= 1);
+        entry.name = reader.Name();
+        const std::uint64_t space = reader.Number();
+        Require(space <= 1);
         entry.compressed = space == 1;
-        entry.start = reader.number();
-        entry.length = reader.number();
+        entry.start = reader.Number();
+        entry.length = reader.Number();
         entries.push_back(std::move(entry));
       }
-      number = Bytes(pages).word(std::size_t{number} * pageLength + 0x10);
+      number = Bytes(pages).Word(std::size_t{number} * pageLength + 0x10);
     }
   }
 
-  void checkIndex(std::uint32_t number, int depth) {
+  void CheckIndex(std::uint32_t number, int depth) {
     constexpr int deepest = 8;
-    require(depth < deepest);
+    Require(depth < deepest);
     const std::size_t offset = std::size_t{number} * pageLength;
-    if (Bytes(pages).has(offset, "PMGL")) return;
-    PageReader reader(page(number, "PMGI", 8));
+    if (Bytes(pages).Has(offset, "PMGL")) return;
+    PageReader reader(Page(number, "PMGI", 8));
     std::set<std::uint64_t> children;
-    while (!reader.atEnd()) {
-      reader.name();
-      const std::uint64_t child = reader.number();
+    while (!reader.AtEnd()) {
+      reader.Name();
+      const std::uint64_t child = reader.Number();
       // A page stands in the index once, so the walk ends.
-      require(child < pages.size() / pageLength && children.insert(child).second &&
+      Require(child < pages.size() / pageLength && children.insert(child).second &&
               indexed.insert(child).second);
-      checkIndex(static_cast<std::uint32_t>(child), depth + 1);
+      CheckIndex(static_cast<std::uint32_t>(child), depth + 1);
     }
   }
 
-  const ChmEntry* find(std::string_view name) const {
+  const ChmEntry* Find(std::string_view name) const {
     for (const ChmEntry& entry : entries)
       if (entry.name == name) return &entry;
     return nullptr;
   }
 
-  Bytes contents(const ChmEntry& entry) const {
-    require(!entry.compressed);
-    return Bytes(file.part(dataOffset + entry.start, entry.length));
+  Bytes Contents(const ChmEntry& entry) const {
+    Require(!entry.compressed);
+    return Bytes(file.Part(dataOffset + entry.start, entry.length));
   }
 
-  void checkEntries() const {
+  void CheckEntries() const {
     std::uint64_t unpacked = 0;
-    if (const ChmEntry* content = find(compressedContent)) unpacked = checkCompression(*content);
+    if (const ChmEntry* content = Find(compressedContent)) unpacked = CheckCompression(*content);
     for (const ChmEntry& entry : entries) {
-      require(entry.start <= largestFile && entry.length <= largestFile);
+      Require(entry.start <= largestFile && entry.length <= largestFile);
       if (entry.compressed)
-        require(entry.start + entry.length <= unpacked);
+        Require(entry.start + entry.length <= unpacked);
       else
-        contents(entry);
+        Contents(entry);
     }
   }
 
   /// Returns the length of all that is compressed, unpacked.
-  std::uint64_t checkCompression(const ChmEntry& content) const {
-    require(!content.compressed && content.start <= largestFile && content.length <= largestFile);
-    const ChmEntry* control = find(controlData);
-    const ChmEntry* resets = find(resetTable);
-    require(control != nullptr && resets != nullptr && resets->length <= largestFile &&
+  std::uint64_t CheckCompression(const ChmEntry& content) const {
+    Require(!content.compressed && content.start <= largestFile && content.length <= largestFile);
+    const ChmEntry* control = Find(controlData);
+    const ChmEntry* resets = Find(resetTable);
+    Require(control != nullptr && resets != nullptr && resets->length <= largestFile &&
             control->length <= largestFile);
 
-    const Bytes lzx = contents(*control);
-    const std::uint64_t unit = lzx.word(8) == 2 ? blockLength : 1;
-    const std::uint64_t interval = lzx.word(12) * unit;
-    const std::uint64_t window = lzx.word(16) * unit;
-    const std::uint32_t windows = lzx.word(20);
-    require(lzx.has(4, "LZXC") && window >= 1U << 15 && window <= 1U << 21 &&
+    const Bytes lzx = Contents(*control);
+    const std::uint64_t unit = lzx.Word(8) == 2 ? blockLength : 1;
+    const std::uint64_t interval = lzx.Word(12) * unit;
+    const std::uint64_t window = lzx.Word(16) * unit;
+    const std::uint32_t windows = lzx.Word(20);
+    Require(lzx.Has(4, "LZXC") && window >= 1U << 15 && window <= 1U << 21 &&
             (window & (window - 1)) == 0);
     // The library divides by the number of blocks between two resets.
-    require(interval >= window / 2 && interval % (window / 2) == 0 && interval <= largestFile &&
+    Require(interval >= window / 2 && interval % (window / 2) == 0 && interval <= largestFile &&
             windows >= 1 && windows <= 1024);
 
-    const Bytes table = contents(*resets);
-    const std::uint32_t blocks = table.word(4);
-    const std::uint32_t addresses = table.word(0xc);
-    const std::uint64_t unpacked = table.quad(0x10);
-    require(table.word(0) == 2 && table.quad(0x20) == blockLength && unpacked <= largestFile &&
+    const Bytes table = Contents(*resets);
+    const std::uint32_t blocks = table.Word(4);
+    const std::uint32_t addresses = table.Word(0xc);
+    const std::uint64_t unpacked = table.Quad(0x10);
+    Require(table.Word(0) == 2 && table.Quad(0x20) == blockLength && unpacked <= largestFile &&
             unpacked <= blocks * blockLength);
     std::uint64_t previous = 0;
     for (std::uint32_t block = 0; block < blocks; ++block) {
-      const std::uint64_t address = table.quad(addresses + std::size_t{block} * 8);
-      require(address >= previous && address <= content.length);
+      const std::uint64_t address = table.Quad(addresses + std::size_t{block} * 8);
+      Require(address >= previous && address <= content.length);
       previous = address;
     }
     return unpacked;
@@ -216,7 +216,7 @@ class Directory {
 
 }  // namespace
 
-std::optional<std::vector<ChmEntry>> soundChmDirectory(std::string_view file) {
+std::optional<std::vector<ChmEntry>> SoundChmDirectory(std::string_view file) {
   try {
     if (file.size() > largestFile) return std::nullopt;
     return Directory(file).entries;

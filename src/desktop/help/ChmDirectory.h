@@ -20,6 +20,6 @@ struct ChmEntry {
 /// unpacks it takes on trust: that the directory's pages lie in the file and lead nowhere in a
 /// circle, that no entry reaches outside, and that the tables of the compression make sense.
 /// Nothing for a file that is damaged or is something else.
-std::optional<std::vector<ChmEntry>> soundChmDirectory(std::string_view file);
+std::optional<std::vector<ChmEntry>> SoundChmDirectory(std::string_view file);
 
 }  // namespace dialwright

@@ -13,7 +13,7 @@ const QString archiveScheme = QStringLiteral("help");
 
 /// The file inside the archive that an address means: the viewers of other systems write the
 /// archive's name in front of it.
-QString pathInside(const QUrl& url) {
+QString PathInside(const QUrl& url) {
   const QString path = url.path();
   const qsizetype inside = path.lastIndexOf("::");
   return inside < 0 ? path : path.mid(inside + 2);
@@ -31,7 +31,7 @@ HelpBrowser::HelpBrowser(const ChmArchive& helpFile, QWidget* parent)
   setPalette(paper);
 }
 
-void HelpBrowser::showPage(const QString& page) {
+void HelpBrowser::ShowPage(const QString& page) {
   QUrl base;
   base.setScheme(archiveScheme);
   base.setPath("/");
@@ -49,10 +49,10 @@ void HelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type)
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   const QUrl url = source().resolved(name);
-  const auto bytes = archive.read(fromQt(pathInside(url)));
+  const auto bytes = archive.Read(FromQt(PathInside(url)));
   if (!bytes) return {};
   if (type == QTextDocument::ImageResource) return QByteArray::fromStdString(*bytes);
-  return helpText(*bytes);
+  return HelpText(*bytes);
 }
 
 }  // namespace dialwright

@@ -12,7 +12,7 @@ class HelpBrowser : public QTextBrowser {
   explicit HelpBrowser(const ChmArchive& helpFile, QWidget* parent = nullptr);
 
   /// Shows a page as a table of contents or a link names it, with its place behind a "#".
-  void showPage(const QString& page);
+  void ShowPage(const QString& page);
 
  protected:
   QVariant loadResource(int type, const QUrl& name) override;

@@ -14,7 +14,7 @@ namespace {
 constexpr int deepestList = 32;
 constexpr int mostTopics = 10000;
 
-QString attribute(const QString& tag, const char* name) {
+QString Attribute(const QString& tag, const char* name) {
   const QRegularExpression pattern(
       QStringLiteral("\\b%1\\s*=\\s*(?:\"([^\"]*)\"|'([^']*)')").arg(QLatin1String(name)),
       QRegularExpression::CaseInsensitiveOption);
@@ -25,34 +25,34 @@ QString attribute(const QString& tag, const char* name) {
 /// A sitemap, tag by tag.
 class SitemapReader {
  public:
-  void object(const QString& attributes) {
+  void Object(const QString& attributes) {
     inTopic = attributes.contains("text/sitemap", Qt::CaseInsensitive);
     topic = {};
   }
-  void parameter(const QString& attributes) {
+  void Parameter(const QString& attributes) {
     if (!inTopic) return;
-    const QString key = attribute(attributes, "name").toLower();
-    if (key == "name" && topic.title.isEmpty()) topic.title = attribute(attributes, "value");
-    if (key == "local") topic.page = attribute(attributes, "value");
+    const QString key = Attribute(attributes, "name").toLower();
+    if (key == "name" && topic.title.isEmpty()) topic.title = Attribute(attributes, "value");
+    if (key == "local") topic.page = Attribute(attributes, "value");
   }
-  void endOfObject() {
+  void EndOfObject() {
     if (inTopic && !topic.title.isEmpty()) {
       lists.back()->push_back(topic);
       ++count;
     }
     inTopic = false;
   }
-  void list() {
+  void List() {
     std::vector<HelpTopic>& current = *lists.back();
     const bool nested = !current.empty() && static_cast<int>(lists.size()) < deepestList;
     lists.push_back(nested ? &current.back().topics : &current);
   }
-  void endOfList() {
+  void EndOfList() {
     if (lists.size() > 1) lists.pop_back();
   }
 
-  bool full() const { return count == mostTopics; }
-  std::vector<HelpTopic> topics() const { return roots; }
+  bool Full() const { return count == mostTopics; }
+  std::vector<HelpTopic> Topics() const { return roots; }
 
  private:
   std::vector<HelpTopic> roots;
@@ -65,27 +65,27 @@ class SitemapReader {
 
 }  // namespace
 
-std::vector<HelpTopic> readHelpContents(const QString& sitemap) {
+std::vector<HelpTopic> ReadHelpContents(const QString& sitemap) {
   static const QRegularExpression tagPattern(
       QStringLiteral("<\\s*(/?)\\s*(ul|object|param)\\b([^>]*)>"),
       QRegularExpression::CaseInsensitiveOption);
   SitemapReader reader;
-  for (auto tags = tagPattern.globalMatch(sitemap); tags.hasNext() && !reader.full();) {
+  for (auto tags = tagPattern.globalMatch(sitemap); tags.hasNext() && !reader.Full();) {
     const QRegularExpressionMatch tag = tags.next();
     const QString name = tag.captured(1) + tag.captured(2).toLower();
-    if (name == "object") reader.object(tag.captured(3));
-    if (name.endsWith("param")) reader.parameter(tag.captured(3));
-    if (name == "/object") reader.endOfObject();
-    if (name == "ul") reader.list();
-    if (name == "/ul") reader.endOfList();
+    if (name == "object") reader.Object(tag.captured(3));
+    if (name.endsWith("param")) reader.Parameter(tag.captured(3));
+    if (name == "/object") reader.EndOfObject();
+    if (name == "ul") reader.List();
+    if (name == "/ul") reader.EndOfList();
   }
-  return reader.topics();
+  return reader.Topics();
 }
 
-QString helpText(const std::string& bytes) {
+QString HelpText(const std::string& bytes) {
   QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   const QString text = utf8(QByteArrayView(bytes));
-  return utf8.hasError() ? toQt(AnsiToUtf8(bytes)) : text;
+  return utf8.hasError() ? ToQt(AnsiToUtf8(bytes)) : text;
 }
 
 }  // namespace dialwright

@@ -15,9 +15,9 @@ struct HelpTopic {
 
 /// Reads a sitemap, the list of lists in which a help project keeps its contents. What it does not
 /// know it passes over.
-std::vector<HelpTopic> readHelpContents(const QString& sitemap);
+std::vector<HelpTopic> ReadHelpContents(const QString& sitemap);
 
 /// Text of a help file: UTF-8 if it is that, else in the ANSI code page.
-QString helpText(const std::string& bytes);
+QString HelpText(const std::string& bytes);
 
 }  // namespace dialwright

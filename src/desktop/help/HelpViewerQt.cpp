@@ -16,13 +16,13 @@ namespace {
 
 constexpr unsigned closeMessage = 16;
 
-void report(const QString& text, std::string_view path) {
+void Report(const QString& text, std::string_view path) {
   QMessageBox box(QApplication::activeWindow());
   box.setObjectName("helpReport");
   box.setIcon(QMessageBox::Warning);
-  box.setWindowTitle(texts::help());
+  box.setWindowTitle(texts::Help());
   box.setTextFormat(Qt::PlainText);
-  box.setText(text.arg(toQt(path)));
+  box.setText(text.arg(ToQt(path)));
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.exec();
 }
@@ -33,25 +33,25 @@ HelpViewerQt::~HelpViewerQt() { delete shown; }
 
 WindowHandle HelpViewerQt::HtmlHelpA(WindowHandle, std::string_view path, unsigned,
                                      std::uintptr_t) {
-  if (files.kind(path) != FileStore::Kind::file) {
-    report(texts::helpMissing(), path);
+  if (files.KindOf(path) != FileStore::Kind::file) {
+    Report(texts::HelpMissing(), path);
     return 0;
   }
   std::string bytes;
   try {
-    bytes = files.read(path);
+    bytes = files.Read(path);
   } catch (const RuntimeFailure&) {
     // An empty file is no help file either.
   }
-  std::unique_ptr<ChmArchive> archive = ChmArchive::open(bytes);
-  if (!archive || archive->homePage().empty()) {
-    report(archive ? texts::helpWithoutPages() : texts::helpUnreadable(), path);
+  std::unique_ptr<ChmArchive> archive = ChmArchive::Open(bytes);
+  if (!archive || archive->HomePage().empty()) {
+    Report(archive ? texts::HelpWithoutPages() : texts::HelpUnreadable(), path);
     return 0;
   }
   delete shown;
   shown = new HelpWindow(std::move(archive));
   shown->setAttribute(Qt::WA_DeleteOnClose);
-  shown->showHomePage();
+  shown->ShowHomePage();
   shown->show();
   shown->activateWindow();
   return static_cast<WindowHandle>(shown->winId());

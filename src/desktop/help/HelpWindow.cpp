@@ -25,13 +25,13 @@ namespace {
 constexpr int pageRole = Qt::UserRole;
 
 /// A page's name without the place in it, for comparison.
-QString pageName(const QString& page) {
+QString PageName(const QString& page) {
   const QString name = page.section('#', 0, 0).toLower();
   return name.startsWith('/') ? name : "/" + name;
 }
 
 /// What the tree needs to show all its lines whole. Before it is on the screen it does not know.
-int widestTopic(QTreeWidget& tree) {
+int WidestTopic(QTreeWidget& tree) {
   int widest = 0;
   for (QTreeWidgetItemIterator item(&tree); *item != nullptr; ++item) {
     int depth = 1;
@@ -54,11 +54,11 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
       side(new QStackedWidget),
       words(new QLineEdit) {
   setObjectName("helpWindow");
-  const QString title = helpText(archive->title());
-  setWindowTitle(title.isEmpty() ? texts::help() : title);
+  const QString title = HelpText(archive->Title());
+  setWindowTitle(title.isEmpty() ? texts::Help() : title);
   browser->setObjectName("helpPage");
   contents->setObjectName("helpContents");
-  contents->setAccessibleName(texts::contents());
+  contents->setAccessibleName(texts::Contents());
   contents->setHeaderHidden(true);
   found->setObjectName("helpFound");
   found->setWordWrap(true);
@@ -71,16 +71,16 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
   halves->setStretchFactor(1, 1);
   halves->setChildrenCollapsible(false);
   setCentralWidget(halves);
-  buildBar();
+  BuildBar();
 
   int left = 10000;
-  addTopics(nullptr,
-            readHelpContents(helpText(archive->read(archive->contentsFile()).value_or(""))), left);
+  AddTopics(nullptr,
+            ReadHelpContents(HelpText(archive->Read(archive->ContentsFile()).value_or(""))), left);
   contents->expandAll();
   contents->header()->setStretchLastSection(false);
   contents->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   const int character = fontMetrics().averageCharWidth();
-  const int sideWidth = widestTopic(*contents) + 5 * character;  // and its scroll bar
+  const int sideWidth = WidestTopic(*contents) + 5 * character;  // and its scroll bar
   const int pageWidth = character * 92;
   resize(QSize(sideWidth + pageWidth, fontMetrics().height() * 40)
              .boundedTo(screen()->availableSize()));
@@ -88,28 +88,28 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
 
   connect(contents, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     const QString page = item != nullptr ? item->data(0, pageRole).toString() : QString();
-    if (!page.isEmpty()) browser->showPage(page);
+    if (!page.isEmpty()) browser->ShowPage(page);
   });
   connect(found, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
     const QString page = item != nullptr ? item->data(pageRole).toString() : QString();
-    if (!page.isEmpty()) browser->showPage(page);
+    if (!page.isEmpty()) browser->ShowPage(page);
   });
   connect(browser, &QTextBrowser::sourceChanged, this,
-          [this](const QUrl& page) { selectTopic(page); });
+          [this](const QUrl& page) { SelectTopic(page); });
 }
 
 HelpWindow::~HelpWindow() = default;
 
-void HelpWindow::showHomePage() { browser->showPage(toQt(archive->homePage())); }
+void HelpWindow::ShowHomePage() { browser->ShowPage(ToQt(archive->HomePage())); }
 
-void HelpWindow::buildBar() {
-  auto* bar = addToolBar(texts::help());
+void HelpWindow::BuildBar() {
+  auto* bar = addToolBar(texts::Help());
   bar->setMovable(false);
   bar->setContextMenuPolicy(Qt::PreventContextMenu);
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  QAction* back = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), texts::back());
+  QAction* back = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), texts::Back());
   QAction* forward =
-      bar->addAction(style()->standardIcon(QStyle::SP_ArrowForward), texts::forward());
+      bar->addAction(style()->standardIcon(QStyle::SP_ArrowForward), texts::Forward());
   back->setObjectName("helpBack");
   forward->setObjectName("helpForward");
   back->setShortcut(QKeySequence::Back);
@@ -121,7 +121,7 @@ void HelpWindow::buildBar() {
   connect(browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
   connect(browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
-  auto* label = new QLabel(texts::find());
+  auto* label = new QLabel(texts::Find());
   label->setBuddy(words);
   label->setContentsMargins(16, 0, 6, 0);
   words->setObjectName("helpFind");
@@ -132,7 +132,7 @@ void HelpWindow::buildBar() {
   connect(words, &QLineEdit::textChanged, this, [this](const QString& text) { find(text); });
 }
 
-void HelpWindow::addTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics,
+void HelpWindow::AddTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics,
                            int& left) {
   for (const HelpTopic& topic : topics) {
     if (left-- <= 0) return;
@@ -140,30 +140,30 @@ void HelpWindow::addTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>
     item->setText(0, topic.title);
     item->setToolTip(0, topic.title);
     item->setData(0, pageRole, topic.page);
-    addTopics(item, topic.topics, left);
+    AddTopics(item, topic.topics, left);
   }
 }
 
-void HelpWindow::selectTopic(const QUrl& page) {
+void HelpWindow::SelectTopic(const QUrl& page) {
   // A topic that leads to the same page stays selected: several may.
-  const QString name = pageName(page.path());
+  const QString name = PageName(page.path());
   const QTreeWidgetItem* current = contents->currentItem();
-  if (current != nullptr && pageName(current->data(0, pageRole).toString()) == name) return;
+  if (current != nullptr && PageName(current->data(0, pageRole).toString()) == name) return;
   for (QTreeWidgetItemIterator item(contents); *item != nullptr; ++item)
-    if (pageName((*item)->data(0, pageRole).toString()) == name) {
+    if (PageName((*item)->data(0, pageRole).toString()) == name) {
       const QSignalBlocker quiet(contents);
       contents->setCurrentItem(*item);
       return;
     }
 }
 
-const std::vector<HelpWindow::Page>& HelpWindow::searchable() {
+const std::vector<HelpWindow::Page>& HelpWindow::Searchable() {
   if (!pages.empty()) return pages;
-  for (const std::string& name : archive->pages()) {
+  for (const std::string& name : archive->Pages()) {
     QTextDocument document;
-    document.setHtml(helpText(archive->read(name).value_or("")));
+    document.setHtml(HelpText(archive->Read(name).value_or("")));
     const QString title = document.metaInformation(QTextDocument::DocumentTitle);
-    pages.push_back({toQt(name), title.isEmpty() ? toQt(name) : title, document.toPlainText()});
+    pages.push_back({ToQt(name), title.isEmpty() ? ToQt(name) : title, document.toPlainText()});
   }
   std::stable_sort(pages.begin(), pages.end(), [](const Page& a, const Page& b) {
     return QString::localeAwareCompare(a.title, b.title) < 0;
@@ -176,7 +176,7 @@ void HelpWindow::find(const QString& text) {
   side->setCurrentWidget(wanted.isEmpty() ? static_cast<QWidget*>(contents) : found);
   found->clear();
   if (wanted.isEmpty()) return;
-  for (const Page& page : searchable()) {
+  for (const Page& page : Searchable()) {
     const bool all = std::all_of(wanted.begin(), wanted.end(), [&page](const QString& word) {
       return page.text.contains(word, Qt::CaseInsensitive) ||
              page.title.contains(word, Qt::CaseInsensitive);
@@ -186,7 +186,7 @@ void HelpWindow::find(const QString& text) {
     item->setData(pageRole, page.name);
   }
   if (found->count() == 0) {
-    auto* nothing = new QListWidgetItem(texts::noPageFound(), found);
+    auto* nothing = new QListWidgetItem(texts::NoPageFound(), found);
     nothing->setFlags(Qt::NoItemFlags);
   }
 }

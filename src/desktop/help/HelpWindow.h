@@ -23,7 +23,7 @@ class HelpWindow : public QMainWindow {
   explicit HelpWindow(std::unique_ptr<ChmArchive> helpFile);
   ~HelpWindow() override;
 
-  void showHomePage();
+  void ShowHomePage();
 
  private:
   struct Page {
@@ -32,11 +32,11 @@ class HelpWindow : public QMainWindow {
     QString text;
   };
 
-  void buildBar();
-  void addTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics, int& left);
+  void BuildBar();
+  void AddTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics, int& left);
   void find(const QString& text);
-  const std::vector<Page>& searchable();
-  void selectTopic(const QUrl& page);
+  const std::vector<Page>& Searchable();
+  void SelectTopic(const QUrl& page);
 
   std::unique_ptr<ChmArchive> archive;
   std::vector<Page> pages;  ///< read at the first search

@@ -19,19 +19,19 @@ class HostServicesPosix : public HostServices {
  public:
   explicit HostServicesPosix(const std::string& programFolder)
       : files(ReplaceAll(programFolder, "\\", "/")) {
-    fillRegistry(programFolder + "\\server.reg");
+    FillRegistry(programFolder + "\\server.reg");
   }
 
-  Services services(MessageBoxes& messages) override {
+  Services ServicesWith(MessageBoxes& messages) override {
     return {files, registry, clock, processes, messages, checksums, languages, help};
   }
 
  private:
   /// The server's registry, out of the file beside the program. Without one there is no server.
-  void fillRegistry(const std::string& path) {
-    if (files.kind(path) != FileStore::Kind::file) return;
+  void FillRegistry(const std::string& path) {
+    if (files.KindOf(path) != FileStore::Kind::file) return;
     try {
-      readRegistryFile(files.read(path), registry);
+      ReadRegistryFile(files.Read(path), registry);
     } catch (const RuntimeFailure&) {
       // A registry that cannot be read answers nothing, and the system says so.
     }
@@ -42,7 +42,7 @@ class HostServicesPosix : public HostServices {
   ClockPosix clock;
   ProcessesPosix processes{[this](std::string_view path) { return files.HostPath(path); }};
   CrcChecksumFactory checksums{files};
-  FileLanguages languages{files, userLanguageFromEnvironment()};
+  FileLanguages languages{files, UserLanguageFromEnvironment()};
   HelpViewerQt help{files};
 };
 

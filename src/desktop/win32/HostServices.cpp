@@ -14,7 +14,7 @@ namespace {
 
 class HostServicesWin32 : public HostServices {
  public:
-  Services services(MessageBoxes& messages) override {
+  Services ServicesWith(MessageBoxes& messages) override {
     return {files, registry, clock, processes, messages, checksums, languages, help};
   }
 

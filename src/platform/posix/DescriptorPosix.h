@@ -27,7 +27,7 @@ class Descriptor {
   static Descriptor Open(const std::string& hostPath, int flags, unsigned permissions = 0);
 
   explicit operator bool() const { return fd >= 0; }
-  int number() const { return fd; }
+  int Number() const { return fd; }
 
   /// The operations give 0 or an error number.
   int Write(std::string_view bytes) const;

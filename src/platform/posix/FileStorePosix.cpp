@@ -62,11 +62,11 @@ class OutputFilePosix : public OutputFile {
   OutputFilePosix(std::string hostPath, Descriptor opened)
       : path(std::move(hostPath)), file(std::move(opened)) {}
 
-  void write(std::string_view bytes) override {
+  void Write(std::string_view bytes) override {
     if (!file) throw RuntimeFailure(Failure::badFileName);
     if (const int error = file.Write(bytes)) ThrowErrno(error, path);
   }
-  void close() override {
+  void Close() override {
     if (const int error = file.Close()) ThrowErrno(error, path);
   }
 
@@ -86,13 +86,13 @@ std::string FileStorePosix::HostPath(std::string_view path) const {
   return ExistingSpelling(SpelledHostPath(path, root, drive));
 }
 
-FileStore::Kind FileStorePosix::kind(std::string_view path) {
+FileStore::Kind FileStorePosix::KindOf(std::string_view path) {
   const std::optional<Status> status = StatusOf(HostPath(path));
   if (IsFile(status)) return Kind::file;
   return status && S_ISDIR(status->st_mode) ? Kind::folder : Kind::none;
 }
 
-std::optional<FileStamp> FileStorePosix::stamp(std::string_view path) {
+std::optional<FileStamp> FileStorePosix::Stamp(std::string_view path) {
   const std::optional<Status> status = StatusOf(HostPath(path));
   if (!IsFile(status)) return std::nullopt;
   FileStamp result;
@@ -104,7 +104,7 @@ std::optional<FileStamp> FileStorePosix::stamp(std::string_view path) {
   return result;
 }
 
-std::vector<std::string> FileStorePosix::fileNames(std::string_view folder) {
+std::vector<std::string> FileStorePosix::FileNames(std::string_view folder) {
   const std::string hostFolder = HostPath(folder);
   const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(hostFolder.c_str()), closedir);
   if (!entries) {
@@ -122,7 +122,7 @@ std::vector<std::string> FileStorePosix::fileNames(std::string_view folder) {
   return names;
 }
 
-std::string FileStorePosix::read(std::string_view path) {
+std::string FileStorePosix::Read(std::string_view path) {
   const std::string hostPath = HostPath(path);
   // Without waiting: nothing may be at the other end of what is not a file.
   const Descriptor file = Descriptor::Open(hostPath, O_RDONLY | O_NONBLOCK);
@@ -132,7 +132,7 @@ std::string FileStorePosix::read(std::string_view path) {
   return bytes;
 }
 
-std::unique_ptr<OutputFile> FileStorePosix::open(std::string_view path, Opening opening,
+std::unique_ptr<OutputFile> FileStorePosix::Open(std::string_view path, Opening opening,
                                                  bool create) {
   const std::string hostPath = HostPath(path);
   RefuseReadOnly(hostPath);
@@ -143,14 +143,14 @@ std::unique_ptr<OutputFile> FileStorePosix::open(std::string_view path, Opening 
   return std::make_unique<OutputFilePosix>(hostPath, std::move(file));
 }
 
-void FileStorePosix::replace(std::string_view path, std::string_view bytes) {
+void FileStorePosix::Replace(std::string_view path, std::string_view bytes) {
   ReplaceExisting(HostPath(path), bytes);
 }
 
-void FileStorePosix::copy(std::string_view from, std::string_view to, bool overwrite) {
+void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overwrite) {
   const std::string source = HostPath(from);
   const std::string target = HostPath(to);
-  const std::string bytes = read(from);
+  const std::string bytes = Read(from);
   if (StatusOf(target)) {
     if (!overwrite) throw RuntimeFailure(Failure::fileAlreadyExists);
     ReplaceExisting(target, bytes);
@@ -162,14 +162,14 @@ void FileStorePosix::copy(std::string_view from, std::string_view to, bool overw
   MakeFile(target, bytes, (status ? status->st_mode & 0777 : 0600) | 0200);
 }
 
-void FileStorePosix::remove(std::string_view path, bool force) {
+void FileStorePosix::Remove(std::string_view path, bool force) {
   const std::string hostPath = HostPath(path);
-  if (kind(path) == Kind::folder) throw RuntimeFailure(Failure::fileNotFound);
+  if (KindOf(path) == Kind::folder) throw RuntimeFailure(Failure::fileNotFound);
   if (!force) RefuseReadOnly(hostPath);
   if (unlink(hostPath.c_str()) != 0) ThrowErrno(errno, hostPath);
 }
 
-void FileStorePosix::createFolder(std::string_view path) {
+void FileStorePosix::CreateFolder(std::string_view path) {
   const std::string hostPath = HostPath(path);
   if (mkdir(hostPath.c_str(), 0777) == 0) return;
   if (errno == ENOENT) throw RuntimeFailure(Failure::pathNotFound);

@@ -38,15 +38,15 @@ class FileStorePosix : public FileStore {
   /// The host's path of a path of the system.
   std::string HostPath(std::string_view path) const;
 
-  Kind kind(std::string_view path) override;
-  std::optional<FileStamp> stamp(std::string_view path) override;
-  std::vector<std::string> fileNames(std::string_view folder) override;
-  std::string read(std::string_view path) override;
-  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override;
-  void replace(std::string_view path, std::string_view bytes) override;
-  void copy(std::string_view from, std::string_view to, bool overwrite) override;
-  void remove(std::string_view path, bool force) override;
-  void createFolder(std::string_view path) override;
+  Kind KindOf(std::string_view path) override;
+  std::optional<FileStamp> Stamp(std::string_view path) override;
+  std::vector<std::string> FileNames(std::string_view folder) override;
+  std::string Read(std::string_view path) override;
+  std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override;
+  void Replace(std::string_view path, std::string_view bytes) override;
+  void Copy(std::string_view from, std::string_view to, bool overwrite) override;
+  void Remove(std::string_view path, bool force) override;
+  void CreateFolder(std::string_view path) override;
 
  private:
   std::string root;

@@ -131,7 +131,7 @@ StartReport AwaitStart(const Descriptor& reports) {
   StartReport report;
   ssize_t count = 0;
   do {
-    count = read(reports.number(), &report, sizeof report);
+    count = read(reports.Number(), &report, sizeof report);
   } while (count < 0 && errno == EINTR);
   return count == sizeof report ? report : StartReport{};
 }
@@ -148,8 +148,8 @@ StartReport Run(const std::string& program, Words& words, const std::string& fol
   const Descriptor null = Raised(open("/dev/null", O_RDWR | O_CLOEXEC));
   if (!reports || !report || !null) return {EMFILE};
 
-  const Start start{program.c_str(), arguments.data(), folder.c_str(), null.number(),
-                    report.number()};
+  const Start start{program.c_str(), arguments.data(), folder.c_str(), null.Number(),
+                    report.Number()};
   const pid_t child = fork();
   if (child == 0) RunChild(start);
   if (child < 0) return {errno};

@@ -93,11 +93,11 @@ int CopyAttributes(int from, int to) {
 int CopyOwnership(const Descriptor& from, const Descriptor& to) {
   struct stat status {};
   struct stat fresh {};
-  if (fstat(from.number(), &status) != 0 || fstat(to.number(), &fresh) != 0) return errno;
+  if (fstat(from.Number(), &status) != 0 || fstat(to.Number(), &fresh) != 0) return errno;
   const bool sameOwner = status.st_uid == fresh.st_uid && status.st_gid == fresh.st_gid;
-  if (!sameOwner && fchown(to.number(), status.st_uid, status.st_gid) != 0) return errno;
-  if (fchmod(to.number(), status.st_mode & 07777) != 0) return errno;
-  return CopyAttributes(from.number(), to.number());
+  if (!sameOwner && fchown(to.Number(), status.st_uid, status.st_gid) != 0) return errno;
+  if (fchmod(to.Number(), status.st_mode & 07777) != 0) return errno;
+  return CopyAttributes(from.Number(), to.Number());
 }
 
 // A folder that cannot be opened or flushed at all leaves the rename to the system's own time.
@@ -129,7 +129,7 @@ Attempt ReplaceBySibling(const std::string& hostPath, const Descriptor& old,
 }
 
 int WriteWhole(const Descriptor& file, std::string_view bytes) {
-  if (lseek(file.number(), 0, SEEK_SET) != 0) return errno;
+  if (lseek(file.Number(), 0, SEEK_SET) != 0) return errno;
   if (const int error = file.Write(bytes)) return error;
   if (const int error = file.Truncate(bytes.size())) return error;
   return file.Flush();
@@ -155,7 +155,7 @@ void ReplaceFile(const std::string& hostPath, std::string_view bytes) {
   // kept.
   if (!old) ThrowErrno(errno, hostPath);
   struct stat status {};
-  if (fstat(old.number(), &status) != 0) ThrowErrno(errno, hostPath);
+  if (fstat(old.Number(), &status) != 0) ThrowErrno(errno, hostPath);
   if (S_ISDIR(status.st_mode)) throw RuntimeFailure(Failure::pathFileAccess);
   if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::deviceUnavailable);
 

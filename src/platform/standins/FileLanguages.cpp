@@ -14,7 +14,7 @@ constexpr int abbreviatedLanguageName = 3;
 
 LibraryHandle FileLanguages::LoadLibraryExW(std::string_view path, unsigned) {
   try {
-    auto table = StringTableFile::parse(store.read(path));
+    auto table = StringTableFile::Parse(store.Read(path));
     if (!table) return 0;
     libraries.emplace(nextHandle, *std::move(table));
     return nextHandle++;
@@ -28,7 +28,7 @@ void FileLanguages::FreeLibrary(LibraryHandle library) { libraries.erase(library
 std::string FileLanguages::LoadStringW(LibraryHandle library, int number, int size) {
   const auto table = libraries.find(library);
   if (table == libraries.end()) return {};
-  const std::string text = table->second.find(number).value_or("");
+  const std::string text = table->second.Find(number).value_or("");
   return std::string(FirstCharacters(text, static_cast<std::size_t>(size)));
 }
 

@@ -128,7 +128,7 @@ std::int32_t LanguageOfPosixName(std::string_view posixName) {
   return defaultLanguage;
 }
 
-std::int32_t userLanguageFromEnvironment() {
+std::int32_t UserLanguageFromEnvironment() {
   for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const char* value = std::getenv(name);
     if (value != nullptr && *value != '\0') return LanguageOfPosixName(value);

@@ -27,6 +27,6 @@ std::int32_t LanguageOfPosixName(std::string_view posixName);
 
 /// The language id of the user's messages, from LC_ALL, LC_MESSAGES or LANG, whichever is set
 /// first.
-std::int32_t userLanguageFromEnvironment();
+std::int32_t UserLanguageFromEnvironment();
 
 }  // namespace dialwright

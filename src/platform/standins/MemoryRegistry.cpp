@@ -17,13 +17,13 @@ std::string Folded(std::string_view path) {
 
 }  // namespace
 
-RegistryValue RegistryValue::text(std::string_view utf8) {
+RegistryValue RegistryValue::Text(std::string_view utf8) {
   std::string bytes = Utf8ToAnsi(utf8);
   bytes.push_back('\0');
   return {1, std::move(bytes)};
 }
 
-RegistryValue RegistryValue::doubleWord(std::uint32_t number) {
+RegistryValue RegistryValue::DoubleWord(std::uint32_t number) {
   std::string bytes;
   for (unsigned shift = 0; shift < 32; shift += 8) {
     bytes.push_back(static_cast<char>((number >> shift) & 0xFF));
@@ -31,12 +31,12 @@ RegistryValue RegistryValue::doubleWord(std::uint32_t number) {
   return {4, std::move(bytes)};
 }
 
-void MemoryRegistry::set(std::string_view key, std::string_view name, RegistryValue value) {
-  makeKey(key);
+void MemoryRegistry::Set(std::string_view key, std::string_view name, RegistryValue value) {
+  MakeKey(key);
   keys[Folded(key)][LowerCase(name)] = std::move(value);
 }
 
-void MemoryRegistry::makeKey(std::string_view key) {
+void MemoryRegistry::MakeKey(std::string_view key) {
   const std::string folded = Folded(key);
   for (std::size_t end = folded.find('\\'); end != std::string::npos;
        end = folded.find('\\', end + 1)) {
@@ -45,12 +45,12 @@ void MemoryRegistry::makeKey(std::string_view key) {
   keys.try_emplace(folded);
 }
 
-void MemoryRegistry::removeValue(std::string_view key, std::string_view name) {
+void MemoryRegistry::RemoveValue(std::string_view key, std::string_view name) {
   const auto found = keys.find(Folded(key));
   if (found != keys.end()) found->second.erase(LowerCase(name));
 }
 
-void MemoryRegistry::removeKey(std::string_view key) {
+void MemoryRegistry::RemoveKey(std::string_view key) {
   const std::string folded = Folded(key);
   std::erase_if(keys, [&](const auto& entry) {
     return entry.first == folded || entry.first.starts_with(folded + "\\");

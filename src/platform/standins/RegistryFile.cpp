@@ -120,10 +120,10 @@ class Reader {
     if (!path.empty() && !path.starts_with('\\')) return;
     if (!path.empty()) path.remove_prefix(1);
     if (removed) {
-      registry.removeKey(path);
+      registry.RemoveKey(path);
     } else {
       key = path;
-      registry.makeKey(path);
+      registry.MakeKey(path);
     }
   }
 
@@ -145,7 +145,7 @@ class Reader {
 
     if (text.starts_with('"')) {
       if (const std::optional<std::string> data = TakeQuoted(text)) {
-        registry.set(*key, name, RegistryValue::text(*data));
+        registry.Set(*key, name, RegistryValue::Text(*data));
         rest = text;
         TakeLine(rest);
       }
@@ -154,9 +154,9 @@ class Reader {
     const std::string data = TakeJoinedLines(text);
     rest = text;
     if (data == "-") {
-      registry.removeValue(*key, name);
+      registry.RemoveValue(*key, name);
     } else if (const std::optional<RegistryValue> value = ParseData(data)) {
-      registry.set(*key, name, *value);
+      registry.Set(*key, name, *value);
     }
   }
 
@@ -178,7 +178,7 @@ class Reader {
     if (StartsWithIgnoringCase(data, doubleWord)) {
       const std::optional<std::uint32_t> number =
           HexNumber(TrimWhite(data.substr(doubleWord.size())));
-      return number ? std::optional(RegistryValue::doubleWord(*number)) : std::nullopt;
+      return number ? std::optional(RegistryValue::DoubleWord(*number)) : std::nullopt;
     }
     if (!StartsWithIgnoringCase(data, hex)) return std::nullopt;
     data.remove_prefix(hex.size());
@@ -208,7 +208,7 @@ class Reader {
 
 }  // namespace
 
-void readRegistryFile(std::string_view bytes, MemoryRegistry& registry) {
+void ReadRegistryFile(std::string_view bytes, MemoryRegistry& registry) {
   const std::string text = DecodeFile(bytes);
   Reader(text, registry).Read();
 }

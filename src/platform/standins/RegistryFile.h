@@ -16,20 +16,20 @@ struct RegistryValue {
   std::uint32_t type = 0;
   std::string bytes;
 
-  static RegistryValue text(std::string_view utf8);
-  static RegistryValue doubleWord(std::uint32_t number);
+  static RegistryValue Text(std::string_view utf8);
+  static RegistryValue DoubleWord(std::uint32_t number);
 };
 
 /// A registry in memory. Keys and names are found without case; a key path may end in a backslash.
 class MemoryRegistry : public Registry {
  public:
   /// Sets a value below HKEY_LOCAL_MACHINE and makes its key. The empty name is the default value.
-  void set(std::string_view key, std::string_view name, RegistryValue value);
+  void Set(std::string_view key, std::string_view name, RegistryValue value);
   /// Makes a key without values.
-  void makeKey(std::string_view key);
-  void removeValue(std::string_view key, std::string_view name);
+  void MakeKey(std::string_view key);
+  void RemoveValue(std::string_view key, std::string_view name);
   /// Removes a key and all below it.
-  void removeKey(std::string_view key);
+  void RemoveKey(std::string_view key);
 
   long RegOpenKeyExA(RegistryKey root, std::string_view path, unsigned options, unsigned access,
                      RegistryKey& opened) override;
@@ -47,6 +47,6 @@ class MemoryRegistry : public Registry {
 /// Reads what a registry editor exports (versions 4 and 5; ANSI, UTF-8 or UTF-16 by its mark) into
 /// a registry. Lines that cannot be understood are passed over. Keys outside HKEY_LOCAL_MACHINE are
 /// not kept.
-void readRegistryFile(std::string_view bytes, MemoryRegistry& registry);
+void ReadRegistryFile(std::string_view bytes, MemoryRegistry& registry);
 
 }  // namespace dialwright

@@ -14,17 +14,17 @@ class StringTableFile {
  public:
   /// Nothing when the bytes are not such a file. A library without a string table is one that
   /// holds no string.
-  static std::optional<StringTableFile> parse(std::string bytes);
+  static std::optional<StringTableFile> Parse(std::string bytes);
 
   /// The text of a number (0 to 65535) in UTF-8, from the neutral language if its block has that
   /// one, else from the block's first language. Half surrogate pairs become U+FFFD. Nothing when
   /// the text is missing, damaged or empty.
-  std::optional<std::string> find(int number) const;
+  std::optional<std::string> Find(int number) const;
 
  private:
   /// From a resource's address in memory to the end of its section, in the file; empty when no
   /// section holds it.
-  std::string_view sectionFrom(std::uint32_t address) const;
+  std::string_view SectionFrom(std::uint32_t address) const;
 
   std::string bytes_;
   std::uint64_t sectionTable_ = 0;

@@ -66,11 +66,11 @@ class OutputFileWin32 : public OutputFile {
  public:
   explicit OutputFileWin32(HandleWin32 opened) : file(std::move(opened)) {}
 
-  void write(std::string_view bytes) override {
+  void Write(std::string_view bytes) override {
     if (!file) throw RuntimeFailure(Failure::badFileName);
     file.Write(bytes);
   }
-  void close() override { file.Close(); }
+  void Close() override { file.Close(); }
 
  private:
   HandleWin32 file;
@@ -80,7 +80,7 @@ std::uint64_t Joined(DWORD high, DWORD low) { return std::uint64_t{high} << 32 |
 
 }  // namespace
 
-FileStore::Kind FileStoreWin32::kind(std::string_view path) {
+FileStore::Kind FileStoreWin32::KindOf(std::string_view path) {
   try {
     const DWORD attributes = GetFileAttributesW(WidePath(path).c_str());
     return IsFile(attributes) ? Kind::file : IsFolder(attributes) ? Kind::folder : Kind::none;
@@ -89,7 +89,7 @@ FileStore::Kind FileStoreWin32::kind(std::string_view path) {
   }
 }
 
-std::optional<FileStamp> FileStoreWin32::stamp(std::string_view path) {
+std::optional<FileStamp> FileStoreWin32::Stamp(std::string_view path) {
   try {
     const HandleWin32 file = OpenFile(WidePath(path), GENERIC_READ, OPEN_EXISTING);
     BY_HANDLE_FILE_INFORMATION information{};
@@ -111,7 +111,7 @@ std::optional<FileStamp> FileStoreWin32::stamp(std::string_view path) {
   }
 }
 
-std::vector<std::string> FileStoreWin32::fileNames(std::string_view folder) {
+std::vector<std::string> FileStoreWin32::FileNames(std::string_view folder) {
   const std::wstring path = WidePath(folder);
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (!IsFolder(attributes)) throw RuntimeFailure(Failure::pathNotFound);
@@ -135,11 +135,11 @@ std::vector<std::string> FileStoreWin32::fileNames(std::string_view folder) {
   return names;
 }
 
-std::string FileStoreWin32::read(std::string_view path) {
+std::string FileStoreWin32::Read(std::string_view path) {
   return OpenFile(WidePath(path), GENERIC_READ, OPEN_EXISTING).ReadWhole();
 }
 
-std::unique_ptr<OutputFile> FileStoreWin32::open(std::string_view path, Opening opening,
+std::unique_ptr<OutputFile> FileStoreWin32::Open(std::string_view path, Opening opening,
                                                  bool create) {
   // Emptied once it is open, which leaves the attributes as they are; a new file has none yet.
   const bool appending = opening == Opening::append;
@@ -151,13 +151,13 @@ std::unique_ptr<OutputFile> FileStoreWin32::open(std::string_view path, Opening 
   return std::make_unique<OutputFileWin32>(std::move(file));
 }
 
-void FileStoreWin32::replace(std::string_view path, std::string_view bytes) {
+void FileStoreWin32::Replace(std::string_view path, std::string_view bytes) {
   ReplaceExisting(WidePath(path), bytes);
 }
 
-void FileStoreWin32::copy(std::string_view from, std::string_view to, bool overwrite) {
+void FileStoreWin32::Copy(std::string_view from, std::string_view to, bool overwrite) {
   const std::wstring target = WidePath(to);
-  const std::string bytes = read(from);
+  const std::string bytes = Read(from);
   if (IsThere(GetFileAttributesW(target.c_str()))) {
     if (!overwrite) throw RuntimeFailure(Failure::fileAlreadyExists);
     ReplaceExisting(target, bytes);
@@ -167,7 +167,7 @@ void FileStoreWin32::copy(std::string_view from, std::string_view to, bool overw
   MakeWithBytes(target, bytes);
 }
 
-void FileStoreWin32::remove(std::string_view path, bool force) {
+void FileStoreWin32::Remove(std::string_view path, bool force) {
   const std::wstring wide = WidePath(path);
   const DWORD attributes = GetFileAttributesW(wide.c_str());
   if (!IsThere(attributes)) ThrowLastError();
@@ -179,7 +179,7 @@ void FileStoreWin32::remove(std::string_view path, bool force) {
   if (!DeleteFileW(wide.c_str())) ThrowLastError();
 }
 
-void FileStoreWin32::createFolder(std::string_view path) {
+void FileStoreWin32::CreateFolder(std::string_view path) {
   if (CreateDirectoryW(WidePath(path).c_str(), nullptr)) return;
   if (GetLastError() == ERROR_FILE_NOT_FOUND) throw RuntimeFailure(Failure::pathNotFound);
   ThrowLastError();

@@ -17,7 +17,7 @@ namespace dialwright {
 
 namespace {
 
-void cutToServer(frmMain& form) {
+void CutToServer(frmMain& form) {
   const MeridVersion& server = form.program.server;
   if (server.currentVersion.bIsTessel != false16) {
     form.mnuSelectKeyMap.Visible = false;
@@ -50,7 +50,7 @@ void Form_Load(frmMain& form) {
   // The third item stays unchecked by its design value alone.
   form.mnuSelectDialwright.Checked = true;
   form.mnuSelectDialwright2.Checked = false;
-  cutToServer(form);
+  CutToServer(form);
   LoadScriptPaths(form);
   LoadKeyMapInfo(form);
   // Last, since the load changes check boxes, whose handlers mark the form changed.

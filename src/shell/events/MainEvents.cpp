@@ -16,7 +16,7 @@ namespace dialwright {
 
 namespace {
 
-void connectRowEditing(frmMain& form, int i) {
+void ConnectRowEditing(frmMain& form, int i) {
   At(form.gridKeyMap, i).BeforeRowColChange = [&form, i](int oldRow, int oldCol, int newRow,
                                                          int newCol, bool& Cancel) {
     gridKeyMap_BeforeRowColChange(form, i, oldRow, oldCol, newRow, newCol, Cancel);
@@ -35,7 +35,7 @@ void connectRowEditing(frmMain& form, int i) {
 }
 
 /// `chkMAIN_TRANSFER` is missing here: changing it alone is no unsaved change.
-void connectSetup(frmMain& form) {
+void ConnectSetup(frmMain& form) {
   for (CheckBox* box :
        {&form.chkGenerateHelp, &form.chkGeneratePDF, &form.chkMAIN_GREETINGS,
         &form.chkMAIN_PERSONAL_SETTINGS, &form.chkMESSAGE_FAX, &form.chkMESSAGE_MENU_STYLE,
@@ -44,7 +44,7 @@ void connectSetup(frmMain& form) {
   form.chkMAIN_MESSAGE_SETTINGS.Click = [&form] { chkMAIN_MESSAGE_SETTINGS_Click(form); };
 }
 
-void connectMenus(frmMain& form) {
+void ConnectMenus(frmMain& form) {
   Program& program = form.program;
   form.mnuExit.Click = [&program] { RequestExit(program); };
   form.mnuRestoreScripts.Click = [&form] {
@@ -68,9 +68,9 @@ void connectMenus(frmMain& form) {
 }  // namespace
 
 void ConnectEvents(frmMain& form) {
-  for (int i = 0; i < gridCount; ++i) connectRowEditing(form, i);
-  connectSetup(form);
-  connectMenus(form);
+  for (int i = 0; i < gridCount; ++i) ConnectRowEditing(form, i);
+  ConnectSetup(form);
+  ConnectMenus(form);
   form.Auto_Init = [&form] { frmMain_Auto_Init(form); };
   form.SSTab1.Click = [&form](int) { SSTab1_Click(form); };
   form.cmdSave.Click = [&form] { cmdSave_Click(form); };

@@ -22,7 +22,7 @@ using SaveProcedure = bool (*)(frmMain&, bool bCreateKeyDocument, bool second);
 constexpr SaveProcedure menuSaves[] = {SaveMainMenuKeyInfo, SaveVCRKeyInfo, SaveAfterMessageKeyInfo,
                                        SaveGlobalsKeyInfo};
 
-bool saveMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
+bool SaveMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
   for (const SaveProcedure save : menuSaves)
     if (!save(form, bCreateKeyDocument, second)) return false;
   SaveSetupMenuKeyInfo(form, bCreateKeyDocument, second);
@@ -30,12 +30,12 @@ bool saveMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
   return true;
 }
 
-void updateChecksum(frmMain& form, const std::string& path) {
+void UpdateChecksum(frmMain& form, const std::string& path) {
   UpdateChecksumForFile(form.program, strChecksumText(lngGetFileChecksum(form.program, path)),
                         path);
 }
 
-void offerDocuments(frmMain& form) {
+void OfferDocuments(frmMain& form) {
   Program& program = form.program;
   const FailureTrap step{form.program, FailurePrefix::localized, "SaveKeyMapInfo"};
   if (form.chkGenerateHelp.Value() == 1 &&
@@ -67,18 +67,18 @@ void SaveKeyMapInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   Program& program = form.program;
   form.iKeyMapErrorCount = 0;
   form.Pointer = MousePointer::hourglass;
-  const bool saved = saveMenus(form, bCreateKeyDocument, second);
+  const bool saved = SaveMenus(form, bCreateKeyDocument, second);
   form.Pointer = MousePointer::standard;
   if (!saved || form.iKeyMapErrorCount != 0) return;
 
-  updateChecksum(form, form.strMainMenuScript);
-  updateChecksum(form, form.strMessagePlaybackScript);
-  if (form.SSTab1.TabVisible(setupTab)) updateChecksum(form, form.strSetupMenuScript);
+  UpdateChecksum(form, form.strMainMenuScript);
+  UpdateChecksum(form, form.strMessagePlaybackScript);
+  if (form.SSTab1.TabVisible(setupTab)) UpdateChecksum(form, form.strSetupMenuScript);
   BackupScriptFiles(form);
   if (form.chkGenerateHelp.Value() == 0 && form.chkGeneratePDF.Value() == 0)
     program.MsgBox(program.mymyLoadString(1023));
   else
-    offerDocuments(form);
+    OfferDocuments(form);
 }
 
 }  // namespace dialwright

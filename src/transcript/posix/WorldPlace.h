@@ -20,7 +20,7 @@ struct WorldFolder {
   WorldFolder& operator=(const WorldFolder&) = delete;
 
   /// Where a path of the system really lies.
-  std::filesystem::path hostPath(std::string_view path) const;
+  std::filesystem::path HostPath(std::string_view path) const;
 
   std::filesystem::path path;
 };

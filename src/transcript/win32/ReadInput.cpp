@@ -13,7 +13,7 @@ namespace {
 
 /// Whether a read would not wait: a pipe has to be asked, since nothing tells when its bytes come.
 /// What is no pipe never waits.
-bool isReady(HANDLE input) {
+bool IsReady(HANDLE input) {
   DWORD there = 0;
   if (GetFileType(input) != FILE_TYPE_PIPE) return true;
   return !PeekNamedPipe(input, nullptr, 0, nullptr, &there, nullptr) || there > 0;
@@ -23,7 +23,7 @@ bool isReady(HANDLE input) {
 
 std::optional<std::size_t> ReadInput(int timeout, char* bytes, std::size_t size) {
   const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-  for (int waited = 0; timeout >= 0 && !isReady(input); ++waited) {
+  for (int waited = 0; timeout >= 0 && !IsReady(input); ++waited) {
     if (waited >= timeout) return {};
     Sleep(1);
   }

@@ -11,12 +11,12 @@ namespace dialwright {
 
 namespace {
 
-std::string freshName() {
+std::string FreshName() {
   static std::random_device random;
   return "dialwright-" + std::to_string(random());
 }
 
-void check(LSTATUS status, const char* step) {
+void Check(LSTATUS status, const char* step) {
   if (status != ERROR_SUCCESS)
     throw std::system_error(static_cast<int>(status), std::system_category(), step);
 }
@@ -25,22 +25,22 @@ void check(LSTATUS status, const char* step) {
 
 WorldFolder::WorldFolder() {
   do {
-    path = std::filesystem::temp_directory_path() / freshName();
+    path = std::filesystem::temp_directory_path() / FreshName();
   } while (!std::filesystem::create_directory(path));
 }
 
-std::string WorldDisk::placed(std::string_view path) const {
-  return folder.hostPath(path).make_preferred().string();
+std::string WorldDisk::Placed(std::string_view path) const {
+  return folder.HostPath(path).make_preferred().string();
 }
 
-WorldRegistry::WorldRegistry() : place(WideText("Software\\" + freshName())) {
+WorldRegistry::WorldRegistry() : place(WideText("Software\\" + FreshName())) {
   HKEY key = nullptr;
-  check(RegCreateKeyExW(HKEY_CURRENT_USER, place.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+  Check(RegCreateKeyExW(HKEY_CURRENT_USER, place.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                         KEY_ALL_ACCESS, nullptr, &key, nullptr),
         "no registry for a transcript");
   const LSTATUS laid = RegOverridePredefKey(HKEY_LOCAL_MACHINE, key);
   ::RegCloseKey(key);
-  check(laid, "no registry of its own for a transcript");
+  Check(laid, "no registry of its own for a transcript");
 }
 
 WorldRegistry::~WorldRegistry() {
@@ -48,28 +48,28 @@ WorldRegistry::~WorldRegistry() {
   RegDeleteTreeW(HKEY_CURRENT_USER, place.c_str());
 }
 
-void WorldRegistry::set(std::string_view key, std::string_view name, const RegistryValue& value) {
-  makeKey(key);
+void WorldRegistry::Set(std::string_view key, std::string_view name, const RegistryValue& value) {
+  MakeKey(key);
   // The call adds a zero to a text without one if a zero happens to stand behind it.
   const std::string bytes = value.bytes + '.';
-  check(RegSetKeyValueA(HKEY_LOCAL_MACHINE, std::string(key).c_str(), std::string(name).c_str(),
+  Check(RegSetKeyValueA(HKEY_LOCAL_MACHINE, std::string(key).c_str(), std::string(name).c_str(),
                         value.type, bytes.data(), static_cast<DWORD>(value.bytes.size())),
         "RegSetKeyValueA");
 }
 
-void WorldRegistry::makeKey(std::string_view key) {
+void WorldRegistry::MakeKey(std::string_view key) {
   HKEY made = nullptr;
-  check(RegCreateKeyExW(HKEY_LOCAL_MACHINE, WideText(key).c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+  Check(RegCreateKeyExW(HKEY_LOCAL_MACHINE, WideText(key).c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                         KEY_SET_VALUE, nullptr, &made, nullptr),
         "RegCreateKeyExW");
   ::RegCloseKey(made);
 }
 
-void WorldRegistry::removeValue(std::string_view key, std::string_view name) {
+void WorldRegistry::RemoveValue(std::string_view key, std::string_view name) {
   RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, WideText(key).c_str(), WideText(name).c_str());
 }
 
-void WorldRegistry::removeKey(std::string_view key) {
+void WorldRegistry::RemoveKey(std::string_view key) {
   RegDeleteTreeW(HKEY_LOCAL_MACHINE, WideText(key).c_str());
 }
 
@@ -79,9 +79,9 @@ WorldLanguages::~WorldLanguages() {
 }
 
 LibraryHandle WorldLanguages::LoadLibraryExW(std::string_view path, unsigned flags) {
-  if (!files.stamp(path)) return 0;
+  if (!files.Stamp(path)) return 0;
   const LibraryHandle library =
-      LanguagesWin32::LoadLibraryExW(folder.hostPath(path).make_preferred().string(), flags);
+      LanguagesWin32::LoadLibraryExW(folder.HostPath(path).make_preferred().string(), flags);
   if (library != 0) loaded.insert(library);
   return library;
 }

@@ -26,7 +26,7 @@ struct WorldFolder {
   WorldFolder& operator=(const WorldFolder&) = delete;
 
   /// Where a path of the system really lies.
-  std::filesystem::path hostPath(std::string_view path) const;
+  std::filesystem::path HostPath(std::string_view path) const;
 
   std::filesystem::path path;
 };
@@ -37,28 +37,28 @@ class WorldDisk : public FileStore {
  public:
   explicit WorldDisk(const WorldFolder& worldFolder) : folder(worldFolder) {}
 
-  Kind kind(std::string_view path) override { return files.kind(placed(path)); }
-  std::optional<FileStamp> stamp(std::string_view path) override {
-    return files.stamp(placed(path));
+  Kind KindOf(std::string_view path) override { return files.KindOf(Placed(path)); }
+  std::optional<FileStamp> Stamp(std::string_view path) override {
+    return files.Stamp(Placed(path));
   }
-  std::vector<std::string> fileNames(std::string_view path) override {
-    return files.fileNames(placed(path));
+  std::vector<std::string> FileNames(std::string_view path) override {
+    return files.FileNames(Placed(path));
   }
-  std::string read(std::string_view path) override { return files.read(placed(path)); }
-  std::unique_ptr<OutputFile> open(std::string_view path, Opening opening, bool create) override {
-    return files.open(placed(path), opening, create);
+  std::string Read(std::string_view path) override { return files.Read(Placed(path)); }
+  std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override {
+    return files.Open(Placed(path), opening, create);
   }
-  void replace(std::string_view path, std::string_view bytes) override {
-    files.replace(placed(path), bytes);
+  void Replace(std::string_view path, std::string_view bytes) override {
+    files.Replace(Placed(path), bytes);
   }
-  void copy(std::string_view from, std::string_view to, bool overwrite) override {
-    files.copy(placed(from), placed(to), overwrite);
+  void Copy(std::string_view from, std::string_view to, bool overwrite) override {
+    files.Copy(Placed(from), Placed(to), overwrite);
   }
-  void remove(std::string_view path, bool force) override { files.remove(placed(path), force); }
-  void createFolder(std::string_view path) override { files.createFolder(placed(path)); }
+  void Remove(std::string_view path, bool force) override { files.Remove(Placed(path), force); }
+  void CreateFolder(std::string_view path) override { files.CreateFolder(Placed(path)); }
 
  private:
-  std::string placed(std::string_view path) const;
+  std::string Placed(std::string_view path) const;
 
   const WorldFolder& folder;
   FileStoreWin32 files;
@@ -73,10 +73,10 @@ class WorldRegistry : public RegistryWin32 {
   WorldRegistry(const WorldRegistry&) = delete;
   WorldRegistry& operator=(const WorldRegistry&) = delete;
 
-  void set(std::string_view key, std::string_view name, const RegistryValue& value);
-  void makeKey(std::string_view key);
-  void removeValue(std::string_view key, std::string_view name);
-  void removeKey(std::string_view key);
+  void Set(std::string_view key, std::string_view name, const RegistryValue& value);
+  void MakeKey(std::string_view key);
+  void RemoveValue(std::string_view key, std::string_view name);
+  void RemoveKey(std::string_view key);
 
  private:
   std::wstring place;

@@ -24,9 +24,9 @@ namespace dialwright {
 
 namespace {
 
-QString toName(std::string_view name) { return toQt(name); }
+QString ToName(std::string_view name) { return ToQt(name); }
 
-void typeCharacter(QWidget& widget, const QString& character) {
+void TypeCharacter(QWidget& widget, const QString& character) {
   const char32_t code = character.toUcs4().front();
   const auto key =
       code < 0x80 ? static_cast<Qt::Key>(character.front().toUpper().unicode()) : Qt::Key_unknown;
@@ -48,38 +48,38 @@ WindowUser::WindowUser(Program& theProgram)
   }
 }
 
-void WindowUser::started() {
-  window.open();
+void WindowUser::Started() {
+  window.Open();
   window.activateWindow();
   QCoreApplication::processEvents();
-  finished(Outcome::done);
+  Finished(Outcome::done);
 }
 
-Outcome WindowUser::finished(Outcome outcome) {
+Outcome WindowUser::Finished(Outcome outcome) {
   QCoreApplication::processEvents();
-  if (window.dispatch().failure()) std::rethrow_exception(window.dispatch().failure());
+  if (window.Entry().Failure()) std::rethrow_exception(window.Entry().Failure());
   if (const std::string difference = MirrorDifference(form, window); !difference.empty())
     throw std::logic_error("the window shows something else: " + difference);
-  if (window.dispatch().ended()) throw EndProgram{};
+  if (window.Entry().Ended()) throw EndProgram{};
   return outcome;
 }
 
-bool WindowUser::mainIsBlocked() const { return QApplication::activeModalWidget() != nullptr; }
+bool WindowUser::MainIsBlocked() const { return QApplication::activeModalWidget() != nullptr; }
 
-QWidget* WindowUser::find(const Control& control) const {
-  return window.findChild<QWidget*>(toQt(control.Name));
+QWidget* WindowUser::Find(const Control& control) const {
+  return window.findChild<QWidget*>(ToQt(control.Name));
 }
 
-bool WindowUser::usable(const QWidget& widget) const {
+bool WindowUser::Usable(const QWidget& widget) const {
   return widget.isEnabled() && widget.isVisibleTo(&window);
 }
 
-Outcome WindowUser::clickOn(Control& control, QWidget& part) {
-  return clickOn(control, part, part.rect().center());
+Outcome WindowUser::ClickOn(Control& control, QWidget& part) {
+  return ClickOn(control, part, part.rect().center());
 }
 
-Outcome WindowUser::clickOn(Control& control, QWidget& part, QPoint place) {
-  if (mainIsBlocked() || !usable(part)) return Outcome::refused;
+Outcome WindowUser::ClickOn(Control& control, QWidget& part, QPoint place) {
+  if (MainIsBlocked() || !Usable(part)) return Outcome::refused;
   const int refusedBefore = refusals;
   QTest::mousePress(&part, Qt::LeftButton, Qt::NoModifier, place);
   const bool held = refusals != refusedBefore;
@@ -87,20 +87,20 @@ Outcome WindowUser::clickOn(Control& control, QWidget& part, QPoint place) {
   const bool atRelease = qobject_cast<QAbstractButton*>(&part) != nullptr;
   const bool came = !atRelease || form.focus.ActiveControl() == &control;
   QTest::mouseRelease(&part, Qt::LeftButton, Qt::NoModifier, place);
-  if (held) return finished(Outcome::held);
-  return finished(came ? Outcome::done : Outcome::refused);
+  if (held) return Finished(Outcome::held);
+  return Finished(came ? Outcome::done : Outcome::refused);
 }
 
-Outcome WindowUser::click(std::string_view name) {
-  if (mainIsBlocked()) return clickInAbout(name);
-  if (auto* action = window.findChild<QAction*>(toName(name))) return pick(*action);
-  auto* button = window.findChild<QPushButton*>(toName(name));
+Outcome WindowUser::Click(std::string_view name) {
+  if (MainIsBlocked()) return ClickInAbout(name);
+  if (auto* action = window.findChild<QAction*>(ToName(name))) return Pick(*action);
+  auto* button = window.findChild<QPushButton*>(ToName(name));
   Control* control = form.Find(name);
   if (button == nullptr || control == nullptr) return Outcome::refused;
-  return clickOn(*control, *button);
+  return ClickOn(*control, *button);
 }
 
-Outcome WindowUser::pick(QAction& action) {
+Outcome WindowUser::Pick(QAction& action) {
   QMenuBar& bar = *window.menuBar();
   for (QAction* heading : bar.actions()) {
     QMenu* menu = heading->menu();
@@ -111,19 +111,19 @@ Outcome WindowUser::pick(QAction& action) {
     QTest::mouseClick(&bar, Qt::LeftButton, Qt::NoModifier, bar.actionGeometry(heading).center());
     QTest::mouseMove(menu, menu->actionGeometry(&action).center());
     QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(&action).center());
-    return finished(Outcome::done);
+    return Finished(Outcome::done);
   }
   return Outcome::refused;
 }
 
-Outcome WindowUser::clickInAbout(std::string_view name) {
-  AboutDialog& about = *window.aboutBox();
-  if (auto* button = about.findChild<QPushButton*>(toName(name));
+Outcome WindowUser::ClickInAbout(std::string_view name) {
+  AboutDialog& about = *window.AboutBox();
+  if (auto* button = about.findChild<QPushButton*>(ToName(name));
       button != nullptr && name == "cmdOK") {
     QTest::mouseClick(button, Qt::LeftButton);
-    return finished(Outcome::done);
+    return Finished(Outcome::done);
   }
-  auto* language = about.findChild<QAction*>(toName(name));
+  auto* language = about.findChild<QAction*>(ToName(name));
   auto* opener = about.findChild<QPushButton*>("lblChangeLanguage");
   auto* menu = about.findChild<QMenu*>("mnuSelectLanguage");
   if (language == nullptr || !language->isVisible() || !language->isEnabled())
@@ -131,40 +131,40 @@ Outcome WindowUser::clickInAbout(std::string_view name) {
   QTest::mouseClick(opener, Qt::LeftButton);
   QTest::mouseMove(menu, menu->actionGeometry(language).center());
   QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(language).center());
-  return finished(Outcome::done);
+  return Finished(Outcome::done);
 }
 
-Outcome WindowUser::set(std::string_view name, int value) {
-  auto* box = window.findChild<QCheckBox*>(toName(name));
+Outcome WindowUser::Set(std::string_view name, int value) {
+  auto* box = window.findChild<QCheckBox*>(ToName(name));
   Control* control = form.Find(name);
-  if (box == nullptr || control == nullptr || mainIsBlocked() || !usable(*box))
+  if (box == nullptr || control == nullptr || MainIsBlocked() || !Usable(*box))
     return Outcome::refused;
   if (box->isChecked() == (value != 0)) return Outcome::done;
   // The middle of a wide box is no part of it: its sign and its text are.
-  return clickOn(*control, *box, {box->sizeHint().width() / 2, box->height() / 2});
+  return ClickOn(*control, *box, {box->sizeHint().width() / 2, box->height() / 2});
 }
 
-Outcome WindowUser::tab(int tab) {
-  auto& bar = static_cast<QTabBar&>(*find(form.SSTab1));
+Outcome WindowUser::Tab(int tab) {
+  auto& bar = static_cast<QTabBar&>(*Find(form.SSTab1));
   if (tab < 0 || tab >= bar.count() || !bar.isTabVisible(tab)) return Outcome::refused;
-  return clickOn(form.SSTab1, bar, bar.tabRect(tab).center());
+  return ClickOn(form.SSTab1, bar, bar.tabRect(tab).center());
 }
 
-Outcome WindowUser::clickPlace(int grid, int row) {
+Outcome WindowUser::ClickPlace(int grid, int row) {
   KeyGrid& keys = At(form.gridKeyMap, grid);
-  auto& view = static_cast<GridView&>(*find(keys));
+  auto& view = static_cast<GridView&>(*Find(keys));
   const QModelIndex place = view.model()->index(row - 1, 0);
   view.scrollTo(place);
-  return clickOn(keys, *view.viewport(), view.visualRect(place).center());
+  return ClickOn(keys, *view.viewport(), view.visualRect(place).center());
 }
 
-Outcome WindowUser::row(int grid, int row) {
-  const auto& view = static_cast<GridView&>(*find(At(form.gridKeyMap, grid)));
+Outcome WindowUser::Row(int grid, int row) {
+  const auto& view = static_cast<GridView&>(*Find(At(form.gridKeyMap, grid)));
   if (row < 1 || row > view.model()->rowCount()) return Outcome::refused;
-  return clickPlace(grid, row);
+  return ClickPlace(grid, row);
 }
 
-Outcome WindowUser::row(int grid, std::string_view token) {
+Outcome WindowUser::Row(int grid, std::string_view token) {
   const KeyGrid& keys = At(form.gridKeyMap, grid);
   const auto rowOf = [&] {
     for (int row = 1; row < keys.Rows(); ++row)
@@ -172,48 +172,48 @@ Outcome WindowUser::row(int grid, std::string_view token) {
     return 0;
   };
   if (rowOf() == 0 || form.SSTab1.Tab() != grid) return Outcome::refused;
-  const Outcome left = leave();
-  return left == Outcome::done ? clickPlace(grid, rowOf()) : left;
+  const Outcome left = Leave();
+  return left == Outcome::done ? ClickPlace(grid, rowOf()) : left;
 }
 
-Outcome WindowUser::type(std::string_view text, bool selectAll) {
+Outcome WindowUser::Type(std::string_view text, bool selectAll) {
   const int tab = form.SSTab1.Tab();
-  if (mainIsBlocked() || tab >= gridCount) return Outcome::refused;
+  if (MainIsBlocked() || tab >= gridCount) return Outcome::refused;
   EditBox& box = At(form.txtKeyAssignment, tab);
-  auto& edit = static_cast<KeyEdit&>(*find(box));
+  auto& edit = static_cast<KeyEdit&>(*Find(box));
   if (form.focus.ActiveControl() != &box) {
-    const Outcome moved = clickOn(box, edit);
+    const Outcome moved = ClickOn(box, edit);
     if (moved != Outcome::done) return moved;
   }
   QTest::keyClick(&edit, selectAll ? Qt::Key_A : Qt::Key_End,
                   selectAll ? Qt::ControlModifier : Qt::NoModifier);
   if (text.empty() && selectAll) QTest::keyClick(&edit, Qt::Key_Backspace);
-  for (const char32_t character : toName(text).toStdU32String())
-    typeCharacter(edit, QString::fromUcs4(&character, 1));
-  return finished(Outcome::done);
+  for (const char32_t character : ToName(text).toStdU32String())
+    TypeCharacter(edit, QString::fromUcs4(&character, 1));
+  return Finished(Outcome::done);
 }
 
-Outcome WindowUser::leave() {
+Outcome WindowUser::Leave() {
   const int tab = form.SSTab1.Tab();
-  if (mainIsBlocked() || tab >= gridCount) return Outcome::refused;
+  if (MainIsBlocked() || tab >= gridCount) return Outcome::refused;
   KeyGrid& keys = At(form.gridKeyMap, tab);
-  auto& view = static_cast<GridView&>(*find(keys));
+  auto& view = static_cast<GridView&>(*Find(keys));
   // The heading is the grid's as well, and no row.
-  return clickOn(keys, *view.horizontalHeader()->viewport());
+  return ClickOn(keys, *view.horizontalHeader()->viewport());
 }
 
-Outcome WindowUser::spin(bool up) {
+Outcome WindowUser::Spin(bool up) {
   const int tab = form.SSTab1.Tab();
-  if (mainIsBlocked() || tab >= gridCount) return Outcome::refused;
+  if (MainIsBlocked() || tab >= gridCount) return Outcome::refused;
   SpinButton& spin = At(form.UpDownMenuOrder, tab);
-  auto& arrows = static_cast<SpinArrows&>(*find(spin));
-  return clickOn(spin, up ? arrows.upButton() : arrows.downButton());
+  auto& arrows = static_cast<SpinArrows&>(*Find(spin));
+  return ClickOn(spin, up ? arrows.UpButton() : arrows.DownButton());
 }
 
-Outcome WindowUser::close() {
-  if (mainIsBlocked()) return Outcome::refused;
+Outcome WindowUser::Close() {
+  if (MainIsBlocked()) return Outcome::refused;
   window.close();
-  return finished(Outcome::done);
+  return Finished(Outcome::done);
 }
 
 }  // namespace dialwright

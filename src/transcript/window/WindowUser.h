@@ -18,31 +18,31 @@ class WindowUser : public User {
  public:
   explicit WindowUser(Program& theProgram);
 
-  void started() override;
-  Outcome click(std::string_view name) override;
-  Outcome set(std::string_view name, int value) override;
-  Outcome tab(int tab) override;
-  Outcome row(int grid, int row) override;
-  Outcome row(int grid, std::string_view token) override;
-  Outcome type(std::string_view text, bool selectAll) override;
-  Outcome leave() override;
-  Outcome spin(bool up) override;
-  Outcome close() override;
+  void Started() override;
+  Outcome Click(std::string_view name) override;
+  Outcome Set(std::string_view name, int value) override;
+  Outcome Tab(int tab) override;
+  Outcome Row(int grid, int row) override;
+  Outcome Row(int grid, std::string_view token) override;
+  Outcome Type(std::string_view text, bool selectAll) override;
+  Outcome Leave() override;
+  Outcome Spin(bool up) override;
+  Outcome Close() override;
 
-  MainWindow& mainWindow() { return window; }
+  MainWindow& Shown() { return window; }
 
  private:
-  Outcome clickInAbout(std::string_view name);
-  Outcome pick(QAction& action);
-  Outcome clickPlace(int grid, int row);
+  Outcome ClickInAbout(std::string_view name);
+  Outcome Pick(QAction& action);
+  Outcome ClickPlace(int grid, int row);
   /// A click on a widget that a control has there, with the focus going to the control first.
-  Outcome clickOn(Control& control, QWidget& part, QPoint place);
-  Outcome clickOn(Control& control, QWidget& part);
+  Outcome ClickOn(Control& control, QWidget& part, QPoint place);
+  Outcome ClickOn(Control& control, QWidget& part);
   /// Whether a user could click there now.
-  bool usable(const QWidget& widget) const;
-  bool mainIsBlocked() const;
-  QWidget* find(const Control& control) const;
-  Outcome finished(Outcome outcome);
+  bool Usable(const QWidget& widget) const;
+  bool MainIsBlocked() const;
+  QWidget* Find(const Control& control) const;
+  Outcome Finished(Outcome outcome);
 
   Program& program;
   frmMain& form;

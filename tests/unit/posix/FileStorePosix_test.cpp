@@ -21,7 +21,7 @@ struct FileStorePosixTest : testing::Test {
   TempFolder host;
   FileStorePosix store{host.path.string(), 'c'};
 
-  struct stat status(std::string_view name) const {
+  struct stat Status(std::string_view name) const {
     struct stat result {};
     EXPECT_EQ(stat((host / name).c_str(), &result), 0) << name;
     return result;
@@ -29,7 +29,7 @@ struct FileStorePosixTest : testing::Test {
 };
 
 TEST_F(FileStorePosixTest, PathsOfTheHost) {
-  host.write("drive_c/Telhost/Localize/a.cdh", "x");
+  host.Write("drive_c/Telhost/Localize/a.cdh", "x");
   const std::string c = (host / "drive_c").string();
   const std::pair<std::string_view, std::string> cases[] = {
       {R"(c:\TELHOST/localize\A.CDH)", c + "/Telhost/Localize/a.cdh"},
@@ -40,31 +40,31 @@ TEST_F(FileStorePosixTest, PathsOfTheHost) {
   };
   for (const auto& [path, hostPath] : cases) EXPECT_EQ(store.HostPath(path), hostPath) << path;
   for (const std::string name : {"NAME.txt", "name.txt", "Name.TXT"}) {
-    host.write("drive_c/a/" + name, name);
-    EXPECT_EQ(store.read(R"(C:\A\)" + name), name);
+    host.Write("drive_c/a/" + name, name);
+    EXPECT_EQ(store.Read(R"(C:\A\)" + name), name);
   }
-  EXPECT_EQ(store.read(R"(C:\a\nAME.txt)"), "NAME.txt") << "no spelling is the exact one";
+  EXPECT_EQ(store.Read(R"(C:\a\nAME.txt)"), "NAME.txt") << "no spelling is the exact one";
 }
 
 TEST_F(FileStorePosixTest, ACopyOverAFileKeepsAllButItsText) {
-  host.write("drive_c/a.txt", "new");
-  host.write("drive_c/b.txt", "old");
+  host.Write("drive_c/a.txt", "new");
+  host.Write("drive_c/b.txt", "old");
   const fs::path target = host / "drive_c/b.txt";
   ASSERT_EQ(chmod((host / "drive_c/a.txt").c_str(), 0440), 0);
   ASSERT_EQ(chmod(target.c_str(), 0606), 0);
   ASSERT_TRUE(geteuid() != 0 || chown(target.c_str(), 1234, 2345) == 0);
   const bool attributes = setxattr(target.c_str(), "user.note", "kept", 4, 0) == 0;
-  const struct stat before = status("drive_c/b.txt");
+  const struct stat before = Status("drive_c/b.txt");
 
-  store.copy(R"(C:\a.txt)", R"(C:\B.txt)", true);
-  EXPECT_EQ(host.read("drive_c/b.txt"), "new");
-  const struct stat after = status("drive_c/b.txt");
+  store.Copy(R"(C:\a.txt)", R"(C:\B.txt)", true);
+  EXPECT_EQ(host.Read("drive_c/b.txt"), "new");
+  const struct stat after = Status("drive_c/b.txt");
   EXPECT_EQ(std::tuple(after.st_mode, after.st_uid, after.st_gid),
             std::tuple(before.st_mode, before.st_uid, before.st_gid));
   EXPECT_EQ(getxattr(target.c_str(), "user.note", nullptr, 0), attributes ? 4 : -1);
 
-  store.copy(R"(C:\a.txt)", R"(C:\c.txt)", false);
-  EXPECT_EQ(status("drive_c/c.txt").st_mode & 07777, 0640u);
+  store.Copy(R"(C:\a.txt)", R"(C:\c.txt)", false);
+  EXPECT_EQ(Status("drive_c/c.txt").st_mode & 07777, 0640u);
 }
 
 // A user who may write the file but make no new one in its place: the bytes go into the old one, or
@@ -76,10 +76,10 @@ TEST_F(FileStorePosixTest, ReplacingByACommonUser) {
       {0555, 10, 0}, {0555, 30'000, 61}, {0777, 10, 0}};
   fs::permissions(host.path, fs::perms(0755));
   for (const auto& [folderMode, length, number] : cases) {
-    host.write("drive_c/f/a.txt", oldText);
+    host.Write("drive_c/f/a.txt", oldText);
     ASSERT_EQ(chmod((host / "drive_c/f/a.txt").c_str(), 0666), 0);
     ASSERT_EQ(chmod((host / "drive_c/f").c_str(), folderMode), 0);
-    const struct stat before = status("drive_c/f/a.txt");
+    const struct stat before = Status("drive_c/f/a.txt");
     const std::string text(length, 'n');
     const pid_t child = fork();
     if (child == 0) {
@@ -87,14 +87,14 @@ TEST_F(FileStorePosixTest, ReplacingByACommonUser) {
       signal(SIGXFSZ, SIG_IGN);
       if (setrlimit(RLIMIT_FSIZE, &limit) != 0 || setgid(65534) != 0 || setuid(65534) != 0)
         _exit(99);
-      _exit(FailureNumber([&] { store.replace(R"(C:\f\a.txt)", text); }));
+      _exit(FailureNumber([&] { store.Replace(R"(C:\f\a.txt)", text); }));
     }
     int result = 0;
     waitpid(child, &result, 0);
     EXPECT_EQ(WIFEXITED(result) ? WEXITSTATUS(result) : -1, number);
-    EXPECT_EQ(host.read("drive_c/f/a.txt"), number == 0 ? text : oldText);
-    EXPECT_EQ(status("drive_c/f/a.txt").st_ino, before.st_ino);
-    EXPECT_EQ(store.fileNames(R"(C:\f)").size(), 1u);
+    EXPECT_EQ(host.Read("drive_c/f/a.txt"), number == 0 ? text : oldText);
+    EXPECT_EQ(Status("drive_c/f/a.txt").st_ino, before.st_ino);
+    EXPECT_EQ(store.FileNames(R"(C:\f)").size(), 1u);
   }
 }
 

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 struct ProcessesPosixTest : testing::Test {
   ProcessesPosixTest() : searchPath(std::getenv("PATH")) {
     for (const std::string name : {"java", "xdg-open"})
-      program(name,
+      Program(name,
               "#!/bin/sh\n{ pwd -P; for a in \"$0\" \"$@\"; do echo \"<$a>\"; done; } > $OUT.part\n"
               "mv $OUT.part $OUT\n");
     setenv("OUT", (host / "out").c_str(), 1);
@@ -28,18 +28,18 @@ struct ProcessesPosixTest : testing::Test {
   }
   ~ProcessesPosixTest() override { setenv("PATH", searchPath.c_str(), 1); }
 
-  void program(const std::string& name, const std::string& text) {
-    host.write("drive_c/bin/" + name, text);
+  void Program(const std::string& name, const std::string& text) {
+    host.Write("drive_c/bin/" + name, text);
     fs::permissions(bin + "/" + name, fs::perms(0755));
   }
-  int shell(std::string_view commandLine, std::string_view folder = "C:\\") {
+  int Shell(std::string_view commandLine, std::string_view folder = "C:\\") {
     return FailureNumber([&] { processes.Shell(commandLine, WindowState::hidden, folder); });
   }
   /// What the program has written down: its folder and its words.
-  std::string outcome() {
+  std::string Outcome() {
     for (int i = 0; i < 500 && !fs::exists(host / "out"); ++i)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    const std::string text = host.read("out");
+    const std::string text = host.Read("out");
     fs::remove(host / "out");
     return text;
   }
@@ -52,8 +52,8 @@ struct ProcessesPosixTest : testing::Test {
 };
 
 TEST_F(ProcessesPosixTest, Programs) {
-  host.write("drive_c/P/PDFFoldoutBuilder/itext-1.3.jar", "");
-  host.write("drive_c/P/Key Mappings.htm", "");
+  host.Write("drive_c/P/PDFFoldoutBuilder/itext-1.3.jar", "");
+  host.Write("drive_c/P/Key Mappings.htm", "");
   const std::string c = fs::canonical(host / "drive_c").string(), tool = c + "/P/PDFFoldoutBuilder";
   const std::tuple<std::string, std::string_view, std::string> cases[] = {
       {R"(java -cp "C:\P\PDFFoldoutBuilder;C:\p\pdffoldoutbuilder\ITEXT-1.3.jar" FB)",
@@ -65,29 +65,29 @@ TEST_F(ProcessesPosixTest, Programs) {
        c + "\n<" + bin + "/java>\n<a b>\n<$HOME>\n<`id`>\n<*;x>\n"},
   };
   for (const auto& [commandLine, folder, expected] : cases) {
-    EXPECT_EQ(shell(commandLine, folder), 0) << commandLine;
-    EXPECT_EQ(outcome(), expected);
+    EXPECT_EQ(Shell(commandLine, folder), 0) << commandLine;
+    EXPECT_EQ(Outcome(), expected);
   }
 }
 
 TEST_F(ProcessesPosixTest, NobodyWaitsForTheProgram) {
   // It gives up by itself: where it is waited for, it ends without a word.
-  program("waiter",
+  Program("waiter",
           "#!/bin/sh\nfor i in `seq 30`; do [ -e go ] && exec mv go $OUT; sleep 0.1; done\n");
-  EXPECT_EQ(shell("waiter"), 0);
+  EXPECT_EQ(Shell("waiter"), 0);
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "it is a child of ours";
-  host.write("drive_c/go", "went");
-  EXPECT_EQ(outcome(), "went");
+  host.Write("drive_c/go", "went");
+  EXPECT_EQ(Outcome(), "went");
 }
 
 TEST_F(ProcessesPosixTest, FailuresToStart) {
-  program("empty", "");
-  host.write("drive_c/bin/locked", "#!/bin/sh\n");
-  EXPECT_EQ(shell("no-such-program-anywhere"), 53);
-  EXPECT_EQ(shell(R"(C:\bin\locked)"), 70);
-  EXPECT_EQ(shell(R"(C:\bin\empty)"), 75);
-  EXPECT_EQ(shell(""), 5);
-  EXPECT_EQ(shell("java", R"(C:\nowhere)"), 76);
+  Program("empty", "");
+  host.Write("drive_c/bin/locked", "#!/bin/sh\n");
+  EXPECT_EQ(Shell("no-such-program-anywhere"), 53);
+  EXPECT_EQ(Shell(R"(C:\bin\locked)"), 70);
+  EXPECT_EQ(Shell(R"(C:\bin\empty)"), 75);
+  EXPECT_EQ(Shell(""), 5);
+  EXPECT_EQ(Shell("java", R"(C:\nowhere)"), 76);
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left to wait for";
 }
 

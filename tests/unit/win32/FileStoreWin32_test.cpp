@@ -20,23 +20,23 @@ struct FileStoreWin32Test : testing::Test {
   TempFolder host;
   FileStoreWin32 store;
 
-  std::string at(std::string_view name) const { return (host / name).make_preferred().string(); }
-  std::wstring wideAt(std::string_view name) const { return WideText(at(name)); }
+  std::string At(std::string_view name) const { return (host / name).make_preferred().string(); }
+  std::wstring WideAt(std::string_view name) const { return WideText(At(name)); }
 };
 
 TEST_F(FileStoreWin32Test, PathsLongerThanTheOldLimit) {
   std::string path = host.path.make_preferred().string();
   for (const char letter : {'a', 'b', 'c', 'd'}) {
     path += "\\" + std::string(100, letter);
-    store.createFolder(path);
+    store.CreateFolder(path);
   }
   const std::string file = path + "/.\\x\\..\\a.txt", copy = path + "\\b.txt";
-  store.open(path + "\\a.txt", FileStore::Opening::truncate, true)->write("old");
-  store.replace(file, "new");
-  store.copy(file, copy, false);
-  EXPECT_EQ(store.read(copy), "new");
-  for (const std::string& made : {file, copy}) store.remove(made, false);
-  EXPECT_TRUE(store.fileNames(path).empty());
+  store.Open(path + "\\a.txt", FileStore::Opening::truncate, true)->Write("old");
+  store.Replace(file, "new");
+  store.Copy(file, copy, false);
+  EXPECT_EQ(store.Read(copy), "new");
+  for (const std::string& made : {file, copy}) store.Remove(made, false);
+  EXPECT_TRUE(store.FileNames(path).empty());
 }
 
 /// The access list of a file, as text.
@@ -54,8 +54,8 @@ std::string accessOf(const std::wstring& path) {
 }
 
 TEST_F(FileStoreWin32Test, ReplacingKeepsAttributesAndAccess) {
-  host.write("f/a.txt", "old");
-  const std::wstring path = wideAt("f/a.txt");
+  host.Write("f/a.txt", "old");
+  const std::wstring path = WideAt("f/a.txt");
   PSECURITY_DESCRIPTOR everybody = nullptr;
   ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorA(
       "D:P(A;;FA;;;WD)", SDDL_REVISION_1, &everybody, nullptr));
@@ -65,8 +65,8 @@ TEST_F(FileStoreWin32Test, ReplacingKeepsAttributesAndAccess) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   const std::string access = accessOf(path);
   ASSERT_TRUE(access.ends_with("WD)")) << access;
-  store.replace(at("f/A.txt"), "new text");
-  EXPECT_EQ(host.read("f/a.txt"), "new text");
+  store.Replace(At("f/A.txt"), "new text");
+  EXPECT_EQ(host.Read("f/a.txt"), "new text");
   EXPECT_EQ(GetFileAttributesW(path.c_str()), attributes);
   EXPECT_EQ(accessOf(path), access);
 }
@@ -81,14 +81,14 @@ TEST_F(FileStoreWin32Test, ReplacingWhatAnotherProgramHoldsOpen) {
   };
   for (const auto& [what, sharing, number] : cases) {
     SCOPED_TRACE(what);
-    host.write("f/a.txt", "old");
-    const HANDLE holder = CreateFileW(wideAt("f/a.txt").c_str(), GENERIC_READ, sharing, nullptr,
+    host.Write("f/a.txt", "old");
+    const HANDLE holder = CreateFileW(WideAt("f/a.txt").c_str(), GENERIC_READ, sharing, nullptr,
                                       OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
-    EXPECT_EQ(FailureNumber([&] { store.replace(at("f/a.txt"), "new text"); }), number);
-    EXPECT_EQ(FailureNumber([&] { store.read(at("f/a.txt")); }), sharing == 0 ? 70 : 0);
+    EXPECT_EQ(FailureNumber([&] { store.Replace(At("f/a.txt"), "new text"); }), number);
+    EXPECT_EQ(FailureNumber([&] { store.Read(At("f/a.txt")); }), sharing == 0 ? 70 : 0);
     CloseHandle(holder);
-    EXPECT_EQ(host.read("f/a.txt"), number == 0 ? "new text" : "old");
+    EXPECT_EQ(host.Read("f/a.txt"), number == 0 ? "new text" : "old");
     const fs::directory_iterator entries(host / "f");
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
   }

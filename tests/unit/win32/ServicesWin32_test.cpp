@@ -16,7 +16,7 @@ namespace {
 
 TEST(ProcessesWin32Test, StartsInTheFolderAndWaitsForNothing) {
   const TempFolder folder;
-  folder.write("a b/here", "");
+  folder.Write("a b/here", "");
   ProcessesWin32().Shell("cmd /c \"ping -n 3 127.0.0.1 >nul & echo. >out & ren out done\"",
                          WindowState::hidden, (folder / "a b").make_preferred().string());
   EXPECT_FALSE(std::filesystem::exists(folder / "a b/done"));
