@@ -19,7 +19,7 @@ namespace dialwright {
 namespace {
 
 QString CardFolder(const Program& program) {
-  return toQt(program.folder + "\\PDFFoldoutBuilder\\PDF").replace('\\', '/');
+  return ToQt(program.folder + "\\PDFFoldoutBuilder\\PDF").replace('\\', '/');
 }
 
 /// A path that a line may break behind each of its separators.
@@ -67,8 +67,8 @@ CardNotice::~CardNotice() {
 void CardNotice::Started(const CardStart& card) {
   const bool hasMap = program.files.FileExists(program.main->strXMLKeyMapFile);
   setVisible(card.isRunning && hasMap);
-  place->setText(toQt(program.mymyLoadString(1530)).arg(Breakable(CardFolder(program))));
-  open->setText(toQt(program.mymyLoadString(1531)));
+  place->setText(ToQt(program.mymyLoadString(1530)).arg(Breakable(CardFolder(program))));
+  open->setText(ToQt(program.mymyLoadString(1531)));
   if (!hasMap) return;
   omissions = card.isOfForm ? CardOmissions(*program.main) : "";
   // Behind whatever the system still has to say.

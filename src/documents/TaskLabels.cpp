@@ -134,6 +134,6 @@ std::string_view TaskLabel(const Program& program, std::string_view token) {
   return older ? task->olderLabel : task->label;
 }
 
-bool HasTaskLabel(std::string_view token) { return findTask(token) != nullptr; }
+bool HasTaskLabel(std::string_view token) { return FindTask(token) != nullptr; }
 
 }  // namespace dialwright

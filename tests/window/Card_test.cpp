@@ -19,7 +19,7 @@ class CardNoticeTest : public WindowTest {
  protected:
   CardNoticeTest() : notice(*new CardNotice(world.program, world.messages)) {
     namespace fs = std::filesystem;
-    const fs::path program = world.hostPath("C:\\Dialwright");
+    const fs::path program = world.HostPath("C:\\Dialwright");
     fs::create_directories(program / "PDFFoldoutBuilder");
     fs::create_directories(program / "XMLShots");
     const fs::path files = fs::path(DIALWRIGHT_SOURCE_DIR) / "program";
@@ -27,9 +27,9 @@ class CardNoticeTest : public WindowTest {
     fs::copy(files / "XMLShots/StandardKeyMap.XML", program / "XMLShots");
     window.AddNotice(notice);
     qputenv("PATH", folder.path().toUtf8());
-    user.tab(setupTab);
-    user.set("chkGeneratePDF", 1);
-    shown();
+    user.Tab(setupTab);
+    user.Set("chkGeneratePDF", 1);
+    Shown();
   }
   ~CardNoticeTest() override { qputenv("PATH", path); }
 
@@ -45,14 +45,14 @@ class CardNoticeTest : public WindowTest {
   /// The boxes that come up, apart from what the form shows.
   std::vector<std::string> boxes() {
     for (int round = 0; round < 40; ++round) QTest::qWait(10);
-    std::vector<std::string> lines = shown();
+    std::vector<std::string> lines = Shown();
     std::erase_if(lines, [](const std::string& line) { return !line.starts_with("msgbox"); });
     return lines;
   }
   void save() {
-    user.tab(0);
-    user.type(std::to_string(++saves), true);
-    ASSERT_EQ(user.click("cmdSave"), Outcome::done);
+    user.Tab(0);
+    user.Type(std::to_string(++saves), true);
+    ASSERT_EQ(user.Click("cmdSave"), Outcome::done);
   }
 
   const QByteArray path = qgetenv("PATH");
@@ -72,7 +72,7 @@ TEST_F(CardNoticeTest, TellsWhereTheCardWillBeAndOnceWhatItLeavesOut) {
   EXPECT_NE(first[0].find("<CR><LF>Globals: Increase Speed and Save (*6)"), first[0].npos)
       << first[0];
   save();
-  user.click("mnuWKWStandard");
+  user.Click("mnuWKWStandard");
   EXPECT_TRUE(boxes().empty());
   QFile calls(folder.filePath("calls"));
   ASSERT_TRUE(calls.open(QIODevice::ReadOnly));
@@ -88,7 +88,7 @@ TEST_F(CardNoticeTest, TellsWhereTheCardWillBeAndOnceWhatItLeavesOut) {
 TEST_F(CardNoticeTest, AJavaThatMakesNoCardEndsInABox) {
   install("1.8.0_402");
   for (int card = 0; card < 2; ++card) {
-    user.click("mnuWKWStandard");
+    user.Click("mnuWKWStandard");
     const std::vector<std::string> told = boxes();
     ASSERT_EQ(told.size(), 1U);
     EXPECT_NE(told[0].find("is 1.8.0_402"), told[0].npos) << told[0];
@@ -105,7 +105,7 @@ TEST_F(CardNoticeTest, SoDoesNone) {
 
 TEST_F(CardNoticeTest, NothingIsSaidOfACardThatHasNoKeyMap) {
   install("1.8.0_402");
-  std::filesystem::remove(world.hostPath("C:\\Dialwright\\Blank_Map_Template_50.htm"));
+  std::filesystem::remove(world.HostPath("C:\\Dialwright\\Blank_Map_Template_50.htm"));
   save();
   EXPECT_EQ(boxes(),
             std::vector<std::string>{"msgbox OK \"" + world.program.mymyLoadString(1146) + "\""});
