@@ -123,7 +123,7 @@ class World {
   World& operator=(const World&) = delete;
 
   /// Where a path of the system really lies.
-  std::filesystem::path HostPath(std::string_view path) const { return root.HostPath(path); }
+  std::filesystem::path HostPath(std::string_view path) const { return disk.HostPath(path); }
   /// Makes a file and its folders.
   void MakeFile(std::string_view path, std::string_view bytes);
 

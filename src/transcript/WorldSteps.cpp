@@ -85,9 +85,13 @@ std::vector<Line> SplitLines(std::string_view bytes) {
   return lines;
 }
 
+/// A line's text with its control characters to be seen.
+std::string Shown(const Line& line) {
+  return ReplaceAll(ReplaceAll(line.text, "\r", "<CR>"), "\t", "<TAB>");
+}
+
 std::string Marked(const Line& line) {
-  const std::string end = line.end == "\r\n" ? "" : line.end.empty() ? "<EOF>" : "<LF>";
-  return ReplaceAll(line.text, "\r", "<CR>") + end;
+  return Shown(line) + (line.end == "\r\n" ? "" : line.end.empty() ? "<EOF>" : "<LF>");
 }
 
 /// The bytes of a file to look at; prints "missing" where there is none.
@@ -268,7 +272,7 @@ void ShowMacros(World& world, const Words& words) {
     if (words.size() == 2 ||
         std::any_of(words.begin() + 2, words.end(),
                     [key](const std::string& word) { return EqualsIgnoringCase(word, key); }))
-      world.printer.Line(ReplaceAll(line.text, "\r", "<CR>"));
+      world.printer.Line(Shown(line));
   }
 }
 

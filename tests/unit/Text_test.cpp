@@ -30,6 +30,29 @@ TEST(TextTest, CaseTrimsAndSplitting) {
   EXPECT_EQ(FirstCharacters("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80z", 3), "a\xC3\xA4\xE2\x82\xAC");
 }
 
+TEST(AnsiTest, EveryByteOfTheCodePage) {
+  // The rows 8 and 9, in which the page differs from the first 256 characters of Unicode; five of
+  // their bytes are the control characters of the same number.
+  const std::string rows =
+      "\u20AC\xC2\x81"
+      "\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\xC2\x8D"
+      "\u017D\xC2\x8F"
+      "\xC2\x90"
+      "\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\xC2\x9D"
+      "\u017E\u0178";
+  std::string bytes;
+  for (int byte = 0x80; byte < 0xA0; ++byte) bytes += static_cast<char>(byte);
+  EXPECT_EQ(Windows1252ToUtf8(bytes), rows);
+  EXPECT_EQ(Utf8ToWindows1252(rows), bytes);
+  for (int byte = 0; byte < 0x100; ++byte) {
+    if (byte >= 0x80 && byte < 0xA0) continue;
+    const std::string ansi(1, static_cast<char>(byte));
+    const std::string utf8 = Utf16ToUtf8(ansi + std::string(1, '\0'));
+    EXPECT_EQ(Windows1252ToUtf8(ansi), utf8) << byte;
+    EXPECT_EQ(Utf8ToWindows1252(utf8), ansi) << byte;
+  }
+}
+
 TEST(AnsiTest, WhatIsNotAnsiOrNotUtf8IsAQuestionMark) {
   const std::pair<std::string_view, std::string_view> cases[] = {
       {"\xE4\xBD\xA0.", "?."},  // beyond the code page

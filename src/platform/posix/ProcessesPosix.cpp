@@ -48,7 +48,7 @@ Words HostWords(Words words, const ToHostPath& hostPath) {
   }
   if (HasPath(words[0])) words[0] = hostPath(words[0]);
   for (std::size_t i = 1; i + 1 < words.size(); ++i) {
-    if (words[i] == "-classpath" || words[i] == "-cp") {
+    if (words[i] == "-classpath") {
       words[i + 1] = HostClassPath(words[i + 1], hostPath);
       break;
     }

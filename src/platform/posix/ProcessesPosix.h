@@ -14,8 +14,7 @@ namespace dialwright {
 ///
 /// - A program with a path is looked for there, any other on the host's search path.
 /// - `Explorer "X"` opens X with the desktop's own opener.
-/// - Behind `-classpath` or `-cp` the entries between semicolons become paths of the host, with
-/// colons
+/// - Behind `-classpath` the entries between semicolons become paths of the host, with colons
 ///   between them.
 /// - The process belongs to nobody here: it is in a session of its own, its standard streams lead
 ///   nowhere, and its end leaves nothing behind.

@@ -19,9 +19,6 @@ struct WorldFolder {
   WorldFolder(const WorldFolder&) = delete;
   WorldFolder& operator=(const WorldFolder&) = delete;
 
-  /// Where a path of the system really lies.
-  std::filesystem::path HostPath(std::string_view path) const;
-
   std::filesystem::path path;
 };
 

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "platform/win32/Win32Text.h"
+#include "text/Text.h"
 
 namespace dialwright {
 
@@ -29,7 +30,16 @@ WorldFolder::WorldFolder() {
   } while (!std::filesystem::create_directory(path));
 }
 
-std::string WorldDisk::Placed(std::string_view path) const {
+std::filesystem::path WorldFolder::HostPath(std::string_view systemPath) const {
+  const std::string slashed = ReplaceAll(systemPath, "\\", "/");
+  const bool hasDrive = slashed.size() > 1 && slashed[1] == ':';
+  const std::string drive = "drive_" + LowerCase(hasDrive ? slashed.substr(0, 1) : "c");
+  std::string rest = hasDrive ? slashed.substr(2) : slashed;
+  rest.erase(0, rest.find_first_not_of('/'));
+  return path / drive / rest;
+}
+
+std::string WorldDisk::HostPath(std::string_view path) const {
   return folder.HostPath(path).make_preferred().string();
 }
 

@@ -37,29 +37,30 @@ class WorldDisk : public FileStore {
  public:
   explicit WorldDisk(const WorldFolder& worldFolder) : folder(worldFolder) {}
 
-  Kind KindOf(std::string_view path) override { return files.KindOf(Placed(path)); }
+  Kind KindOf(std::string_view path) override { return files.KindOf(HostPath(path)); }
   std::optional<FileStamp> Stamp(std::string_view path) override {
-    return files.Stamp(Placed(path));
+    return files.Stamp(HostPath(path));
   }
   std::vector<std::string> FileNames(std::string_view path) override {
-    return files.FileNames(Placed(path));
+    return files.FileNames(HostPath(path));
   }
-  std::string Read(std::string_view path) override { return files.Read(Placed(path)); }
+  std::string Read(std::string_view path) override { return files.Read(HostPath(path)); }
   std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override {
-    return files.Open(Placed(path), opening, create);
+    return files.Open(HostPath(path), opening, create);
   }
   void Replace(std::string_view path, std::string_view bytes) override {
-    files.Replace(Placed(path), bytes);
+    files.Replace(HostPath(path), bytes);
   }
   void Copy(std::string_view from, std::string_view to, bool overwrite) override {
-    files.Copy(Placed(from), Placed(to), overwrite);
+    files.Copy(HostPath(from), HostPath(to), overwrite);
   }
-  void Remove(std::string_view path, bool force) override { files.Remove(Placed(path), force); }
-  void CreateFolder(std::string_view path) override { files.CreateFolder(Placed(path)); }
+  void Remove(std::string_view path, bool force) override { files.Remove(HostPath(path), force); }
+  void CreateFolder(std::string_view path) override { files.CreateFolder(HostPath(path)); }
+
+  /// Where a path of the system really lies.
+  std::string HostPath(std::string_view path) const;
 
  private:
-  std::string Placed(std::string_view path) const;
-
   const WorldFolder& folder;
   FileStoreWin32 files;
 };

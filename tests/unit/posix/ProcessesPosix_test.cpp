@@ -56,9 +56,9 @@ TEST_F(ProcessesPosixTest, Programs) {
   host.Write("drive_c/P/Key Mappings.htm", "");
   const std::string c = fs::canonical(host / "drive_c").string(), tool = c + "/P/PDFFoldoutBuilder";
   const std::tuple<std::string, std::string_view, std::string> cases[] = {
-      {R"(java -cp "C:\P\PDFFoldoutBuilder;C:\p\pdffoldoutbuilder\ITEXT-1.3.jar" FB)",
+      {R"(java -classpath "C:\P\PDFFoldoutBuilder;C:\p\pdffoldoutbuilder\ITEXT-1.3.jar" FB)",
        R"(C:\P\PDFFoldoutBuilder)",
-       tool + "\n<" + bin + "/java>\n<-cp>\n<" + tool + ":" + tool + "/itext-1.3.jar>\n<FB>\n"},
+       tool + "\n<" + bin + "/java>\n<-classpath>\n<" + tool + ":" + tool + "/itext-1.3.jar>\n<FB>\n"},
       {R"(EXPLORER "C:\P\key mappings.HTM")", "C:\\",
        c + "\n<" + bin + "/xdg-open>\n<" + c + "/P/Key Mappings.htm>\n"},
       {R"("C:\BIN\java" "a b" $HOME `id` *;x)", "C:\\",
