@@ -8,8 +8,6 @@
 namespace dialwright {
 namespace {
 
-constexpr std::string_view utf16Mark = "\xFF\xFE";
-
 // Reads the whole file when it is opened. ANSI text is converted line by line as it is asked for,
 // UTF-16 at once, since its line ends cannot be found byte by byte.
 class ReadingStream : public TextStream {

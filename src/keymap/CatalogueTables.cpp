@@ -1,4 +1,5 @@
 #include "keymap/Catalogue.h"
+#include "shell/frmMain.h"
 
 namespace dialwright {
 
@@ -106,7 +107,8 @@ constexpr Action globals[] = {
 
 // clang-format on
 
-constexpr PlaybackSection playbackSections[] = {{"HEADER_", 1}, {"BODY_", 2}, {"FOOTER_", 3}};
+constexpr PlaybackSection playbackSections[] = {
+    {"HEADER_", headerGrid}, {"BODY_", bodyGrid}, {"FOOTER_", footerGrid}};
 
 }  // namespace
 

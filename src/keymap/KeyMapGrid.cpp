@@ -12,7 +12,9 @@ namespace {
 
 constexpr int orderStep = 10;
 
-bool IsVoicedMenu(int grid) { return grid == 0 || grid == 4 || grid == 5; }
+bool IsVoicedMenu(int grid) {
+  return grid == mainMenuGrid || grid == afterMessageGrid || grid == globalsGrid;
+}
 
 void Renumber(KeyGrid& grid) {
   int number = orderStep;

@@ -110,7 +110,6 @@ class CrcChecksumComponent : public ScriptChecksumComponent {
 }  // namespace
 
 std::int32_t ScriptChecksum(std::string_view bytes) {
-  constexpr std::string_view utf16Mark = "\xFF\xFE";
   const std::uint32_t crc =
       bytes.starts_with(utf16Mark)
           ? CrcOfLines(Utf8ToAnsi(Utf16ToUtf8(bytes.substr(utf16Mark.size()))))

@@ -12,9 +12,6 @@ namespace dialwright {
 
 namespace {
 
-constexpr int mainMenuGrid = 0;
-constexpr int afterMessageGrid = 4;
-
 constexpr Preset presets[] = {
     {&frmMain::mnuResetKeysToStandardConversation,
      "This will reset all key mappings to match the standard Merid conversation.  Are you sure you "

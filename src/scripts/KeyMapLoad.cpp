@@ -14,10 +14,6 @@ namespace dialwright {
 
 namespace {
 
-constexpr int mainMenuGrid = 0;
-constexpr int afterMessageGrid = 4;
-constexpr int globalsGrid = 5;
-
 /// Whether the server has the action. The directory binding is asked only where it counts; if it
 /// cannot be had, the failure is reported and the row is added.
 bool ExistsHere(Program& program, const Action& action, const FailureTrap& step) {

@@ -17,9 +17,17 @@ namespace dialwright {
 
 class Program;
 
-/// The tabs that have a key map grid; the Setup tab comes behind them.
-inline constexpr int gridCount = 6;
-inline constexpr int setupTab = 6;
+/// The grids and their tabs, by menu; the Setup tab, which has no grid, comes behind them.
+enum MenuTab : int {
+  mainMenuGrid,
+  headerGrid,
+  bodyGrid,
+  footerGrid,
+  afterMessageGrid,
+  globalsGrid,
+  gridCount,
+  setupTab = gridCount,
+};
 inline constexpr int setupOptionCount = 8;
 inline constexpr int slotCount = 3;
 

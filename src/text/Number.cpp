@@ -8,6 +8,8 @@
 #include <string>
 #include <system_error>
 
+#include "text/Text.h"
+
 namespace dialwright {
 namespace {
 
@@ -103,12 +105,6 @@ std::optional<double> ValueOf(const Decimal& number) {
   return 0.0;
 }
 
-std::string_view TrimWhiteSpace(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(whiteSpace);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
-}
-
 // The two widths of the classic integers: FFFF is -1, 10000 is 65536, FFFFFFFF is -1.
 double SignedByWidth(std::uint64_t value) {
   if (value <= 0xFFFF) return static_cast<double>(static_cast<std::int16_t>(value));
@@ -119,7 +115,7 @@ double SignedByWidth(std::uint64_t value) {
 }  // namespace
 
 std::optional<double> NumericValue(std::string_view text) {
-  text = TrimWhiteSpace(text);
+  text = TrimOf(text, whiteSpace);
   if (const unsigned base = AnnouncedBase(text)) {
     const Digits digits = LeadingDigits(text.substr(2), base);
     if (digits.count == 0 || digits.count + 2 != text.size() || digits.overflow) return {};

@@ -38,11 +38,13 @@ bool BeginsCharacter(std::string_view utf8, std::size_t at) {
 
 }  // namespace
 
-std::string_view Trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
+std::string_view TrimOf(std::string_view text, std::string_view characters) {
+  const std::size_t first = text.find_first_not_of(characters);
   if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  return text.substr(first, text.find_last_not_of(characters) - first + 1);
 }
+
+std::string_view Trim(std::string_view text) { return TrimOf(text, " "); }
 
 std::string LowerCase(std::string_view text) {
   std::string result(text);

@@ -8,6 +8,8 @@ namespace dialwright {
 
 /// The text without the blanks around it. Only blanks count: a tab is text.
 std::string_view Trim(std::string_view text);
+/// The text without those characters at either end.
+std::string_view TrimOf(std::string_view text, std::string_view characters);
 
 /// ASCII letters folded; all other bytes stay.
 std::string LowerCase(std::string_view text);

@@ -104,13 +104,6 @@ bool ReadForShow(World& world, const std::string& path, std::string& bytes) {
   return true;
 }
 
-std::string_view TrimmedOfBlanksAndTabs(std::string_view text) {
-  constexpr std::string_view white = " \t";
-  const std::size_t first = text.find_first_not_of(white);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(white) - first + 1);
-}
-
 }  // namespace
 
 void SetServer(World& world, const Words& words) {
@@ -246,10 +239,9 @@ void ShowFile(World& world, const Words& words) {
   Need(words.size() == 2, "cat PATH");
   std::string bytes;
   if (!ReadForShow(world, words[1], bytes)) return;
-  constexpr std::string_view mark = "\xFF\xFE";
-  const bool wide = bytes.starts_with(mark);
+  const bool wide = bytes.starts_with(utf16Mark);
   if (wide) world.printer.Line("UTF-16");
-  const std::string text = wide ? Utf16ToUtf8(bytes.substr(mark.size())) : AnsiToUtf8(bytes);
+  const std::string text = wide ? Utf16ToUtf8(bytes.substr(utf16Mark.size())) : AnsiToUtf8(bytes);
   for (const Line& line : SplitLines(text)) world.printer.Line("| " + Marked(line));
 }
 
@@ -260,7 +252,7 @@ void ShowMacros(World& world, const Words& words) {
   bool inside = false;
   bool seen = false;
   for (const Line& line : SplitLines(AnsiToUtf8(bytes))) {
-    const std::string_view text = TrimmedOfBlanksAndTabs(line.text);
+    const std::string_view text = TrimOf(line.text, " \t");
     if (text.starts_with("[")) {
       inside = !seen && EqualsIgnoringCase(text.substr(1, text.find(']') - 1), "MACROS");
       seen = seen || inside;
@@ -268,7 +260,7 @@ void ShowMacros(World& world, const Words& words) {
     }
     const std::size_t equals = text.find('=');
     if (!inside || equals == std::string_view::npos || text.starts_with(";")) continue;
-    const std::string_view key = TrimmedOfBlanksAndTabs(text.substr(0, equals));
+    const std::string_view key = TrimOf(text.substr(0, equals), " \t");
     if (words.size() == 2 ||
         std::any_of(words.begin() + 2, words.end(),
                     [key](const std::string& word) { return EqualsIgnoringCase(word, key); }))

@@ -16,18 +16,13 @@ namespace {
 constexpr std::string_view root = "HKEY_LOCAL_MACHINE";
 
 std::string DecodeFile(std::string_view bytes) {
-  constexpr std::string_view utf16Mark = "\xFF\xFE";
   constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
   if (bytes.starts_with(utf16Mark)) return Utf16ToUtf8(bytes.substr(utf16Mark.size()));
   if (bytes.starts_with(utf8Mark)) return std::string(bytes.substr(utf8Mark.size()));
   return AnsiToUtf8(bytes);
 }
 
-std::string_view TrimWhite(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t\r\n");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
+std::string_view TrimWhite(std::string_view text) { return TrimOf(text, " \t\r\n"); }
 
 std::string_view TakeLine(std::string_view& rest) {
   const std::size_t feed = rest.find('\n');

@@ -22,7 +22,7 @@ void CutToServer(frmMain& form) {
   if (server.currentVersion.bIsTessel != false16) {
     form.mnuSelectKeyMap.Visible = false;
     RemoveTab(form, setupTab);
-    RemoveTab(form, 5);
+    RemoveTab(form, globalsGrid);
     return;
   }
   const bool severalSlots = server.bIsVersionGreaterThanOrEqualTo(4, 2, 0, 20, 0);
