@@ -50,7 +50,6 @@ class KeyGrid : public Control {
   void SortGeneric(Column column);
 
   void SetRedraw(Redraw mode);
-  Redraw DrawingMode() const { return redraw; }
   void Refresh();
 
   std::function<void(int oldRow, int oldCol, int newRow, int newCol, bool& Cancel)>

@@ -24,8 +24,6 @@ class Player {
   /// What the step prints. An error of the transcript is printed as a line that begins with "error:
   /// ".
   std::vector<std::string> Play(const Step& step);
-  /// For whoever wants to see more than the steps print.
-  World& TheWorld() { return world; }
 
  private:
   struct Verb;
