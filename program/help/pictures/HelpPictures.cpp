@@ -9,6 +9,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "desktop/QtText.h"
 #include "shell/events/Lifecycle.h"
@@ -24,7 +25,7 @@ namespace fs = std::filesystem;
 constexpr QSize windowSize(720, 470);
 constexpr int fontHeight = 11;
 
-std::string bytesOf(const fs::path& path) {
+std::string BytesOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
@@ -32,28 +33,31 @@ std::string bytesOf(const fs::path& path) {
 /// A user at the window on a copy of a server image, and a camera.
 class Scene {
  public:
-  Scene(const std::string& code, const fs::path& pictureFolder)
-      : folder(pictureFolder), world(printer), user(world.program), window(user.mainWindow()) {
+  Scene(const std::string& code, fs::path pictureFolder)
+      : folder(std::move(pictureFolder)),
+        world(printer),
+        user(world.program),
+        window(user.Shown()) {
     const fs::path image = fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox/merid-7.0-2.0";
-    fs::copy(image / "drive_c", world.hostPath("C:\\"),
+    fs::copy(image / "drive_c", world.HostPath("C:\\"),
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    for (const auto& file : fs::recursive_directory_iterator(world.hostPath("C:\\")))
+    for (const auto& file : fs::recursive_directory_iterator(world.HostPath("C:\\")))
       fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
-    readRegistryFile(bytesOf(image / "server.reg"), world.registry);
+    ReadRegistryFile(BytesOf(image / "server.reg"), world.registry);
     // A single library is no choice.
     for (const std::string library : {"ENU", "DEU"}) {
       const std::string name = "Dialwright_" + library + ".dll";
-      world.makeFile("C:\\Dialwright\\" + name, bytesOf(fs::path(DIALWRIGHT_PROGRAM_DIR) / name));
+      world.MakeFile("C:\\Dialwright\\" + name, BytesOf(fs::path(DIALWRIGHT_PROGRAM_DIR) / name));
     }
     Form_Load(*world.program.main);
-    user.started();
-    speak(code);
+    user.Started();
+    Speak(code);
   }
 
   /// A picture of a part of the window, or of the whole.
-  void take(QWidget& part, const std::string& name) {
+  void Take(QWidget& part, const std::string& name) {
     QApplication::processEvents();
-    if (!part.grab().save(toQt((folder / (name + ".png")).string())))
+    if (!part.grab().save(ToQt((folder / (name + ".png")).string())))
       throw std::runtime_error("no picture " + name);
   }
 
@@ -64,28 +68,28 @@ class Scene {
   MainWindow& window;
 
  private:
-  void speak(const std::string& code) {
-    user.click("mnuAbout");
+  void Speak(const std::string& code) {
+    user.Click("mnuAbout");
     const auto& codes = world.program.language.astrLanguages;
     const auto place = std::find(codes.begin(), codes.end(), code);
     if (place == codes.end()) throw std::runtime_error("no library of " + code);
-    user.click("mnuLanguageList(" + std::to_string(place - codes.begin()) + ")");
-    user.click("cmdOK");
+    user.Click("mnuLanguageList(" + std::to_string(place - codes.begin()) + ")");
+    user.Click("cmdOK");
   }
 };
 
-void takeTabs(Scene& scene) {
+void TakeTabs(Scene& scene) {
   constexpr const char* names[] = {"main", "header", "body", "footer", "after", "globals", "setup"};
   for (const int tab : {0, 2, 4, 5, 6}) {
-    scene.user.tab(tab);
-    scene.take(scene.window, std::string("tab-") + names[tab]);
+    scene.user.Tab(tab);
+    scene.Take(scene.window, std::string("tab-") + names[tab]);
   }
 }
 
-void takePictures(const std::string& code, const fs::path& folder) {
+void TakePictures(const std::string& code, const fs::path& folder) {
   Scene scene(code, folder);
   scene.window.resize(windowSize);
-  takeTabs(scene);
+  TakeTabs(scene);
 }
 
 }  // namespace
@@ -105,7 +109,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   try {
-    takePictures(argv[1], argv[2]);
+    TakePictures(argv[1], argv[2]);
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "help_pictures: %s\n", failure.what());
     return 1;
