@@ -62,6 +62,10 @@ bool MyIsNumber(std::string_view text, double minimum, double maximum) {
   return (minimum == 0 || *value >= minimum) && (maximum == 0 || *value <= maximum);
 }
 
+bool IsKeyText(std::string_view text) {
+  return MyIsNumber(ReplaceAll(Trim(ReplaceAll(text, "*", "")), "#", ""));
+}
+
 void gridKeyMap_BeforeRowColChange(frmMain& form, int Index, int, int, int NewRow, int, bool&) {
   const KeyGrid& grid = At(form.gridKeyMap, Index);
   if (HasAction(grid, NewRow))
@@ -105,8 +109,7 @@ void txtKeyAssignment_LostFocus(frmMain& form, int Index) {
 
 void txtKeyAssignment_Validate(frmMain& form, int Index, bool& Cancel) {
   const std::string text = At(form.txtKeyAssignment, Index).Text();
-  const std::string digits = ReplaceAll(Trim(ReplaceAll(text, "*", "")), "#", "");
-  if (!digits.empty() && !MyIsNumber(digits)) {
+  if (!IsKeyText(text)) {
     form.program.MsgBox(form.program.mymyLoadString(1077));
     Cancel = true;
     form.SSTab1.SetTab(Index);

@@ -31,6 +31,10 @@ int KeyLengthLimit(std::string_view token, bool singleKeyMap);
 /// Whether the conversation never announces the action.
 bool IsNeverVoiced(std::string_view token);
 
+/// The test that a text must pass to leave its box: what is left of it without "*" and "#" is
+/// nothing or a number.
+bool IsKeyText(std::string_view text);
+
 /// Whether a text is a whole number without sign or point, as the classic test sees it: blanks
 /// around it, a plus sign and an exponent pass. The empty text passes. A minimum or maximum other
 /// than 0 refuses values outside it.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 namespace dialwright {
 
 struct frmMain;
@@ -12,5 +14,8 @@ bool SaveMainMenuKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second);
 bool SaveVCRKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second);
 bool SaveAfterMessageKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second);
 bool SaveGlobalsKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second);
+
+/// Whether the save of the after message menu writes an action as not voiced, whatever its order.
+bool IsSavedAsNotVoiced(std::string_view token);
 
 }  // namespace dialwright

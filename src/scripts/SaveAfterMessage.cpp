@@ -10,13 +10,13 @@
 #include "scripts/modCommon.h"
 #include "shell/frmMain.h"
 #include "validation/DerivedKeyLists.h"
-#include "validation/KeyConflicts.h"
+#include "validation/SaveRules.h"
 
 namespace dialwright {
 
 namespace {
 
-constexpr MenuSection afterMessageMenu{4, "After Message Menu", 1030, false};
+constexpr MenuSection afterMessageMenu{4, "After Message Menu"};
 
 /// The receipt menu has no grid: two of its actions mirror actions of this menu, key and order.
 struct Mirror {
@@ -47,7 +47,7 @@ void WriteRow(SectionWriter& writer, const RowToSave& row) {
   if (FindAction(AfterMessageActions(), row.token) == nullptr &&
       !IsOneOf(receiptActions, row.token))
     return;
-  const bool fixed = IsOneOf(gotoActions, row.token);
+  const bool fixed = IsSavedAsNotVoiced(row.token);
   WriteEntry(writer, row.token, row.keyValue, fixed ? notVoiced : row.orderValue);
   for (const Mirror& mirror : mirrors)
     if (mirror.token == row.token) WriteEntry(writer, mirror.mirror, row.keyValue, row.orderValue);
@@ -73,15 +73,17 @@ void WriteDerived(SectionWriter& writer, const std::string& keys, bool single) {
 
 }  // namespace
 
+bool IsSavedAsNotVoiced(std::string_view token) { return IsOneOf(gotoActions, token); }
+
 bool SaveAfterMessageKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   const KeyGrid& grid = At(form.gridKeyMap, afterMessageMenu.grid);
-  for (int row = 1; row < grid.Rows(); ++row)
-    if (RefusedAsDuplicate(form, afterMessageMenu, row)) return false;
+  const MenuRows rows = RowsOf(grid);
+  if (RefusedBySave(form, afterMessageMenu.grid, rows)) return false;
 
   SectionWriter writer(form, afterMessageMenu, form.strMessagePlaybackScript, bCreateKeyDocument,
                        second);
   for (int row = 1; row < grid.Rows(); ++row) WriteRow(writer, writer.Row(row));
-  WriteDerived(writer, KeyList(grid), form.bSingleKeyMap != false16);
+  WriteDerived(writer, KeyList(rows), form.bSingleKeyMap != false16);
   writer.Finish();
   return true;
 }

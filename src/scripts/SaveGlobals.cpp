@@ -2,20 +2,19 @@
 #include "scripts/KeyMapSave.h"
 #include "scripts/SectionWriter.h"
 #include "shell/frmMain.h"
-#include "validation/KeyConflicts.h"
+#include "validation/SaveRules.h"
 
 namespace dialwright {
 
 namespace {
 
-constexpr MenuSection globals{5, "Globals", 1231, false};
+constexpr MenuSection globals{5, "Globals"};
 
 }  // namespace
 
 bool SaveGlobalsKeyInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   const KeyGrid& grid = At(form.gridKeyMap, globals.grid);
-  for (int row = 1; row < grid.Rows(); ++row)
-    if (RefusedAsDuplicate(form, globals, row)) return false;
+  if (RefusedBySave(form, globals.grid, RowsOf(grid))) return false;
 
   SectionWriter writer(form, globals, form.strMainMenuScript, bCreateKeyDocument, second);
   for (int row = 1; row < grid.Rows(); ++row) {

@@ -5,7 +5,6 @@
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
-#include "validation/KeyConflicts.h"
 
 namespace dialwright {
 

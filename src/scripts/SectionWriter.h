@@ -7,8 +7,13 @@
 
 namespace dialwright {
 
-struct MenuSection;
 struct frmMain;
+
+/// One section of a save.
+struct MenuSection {
+  int grid;
+  std::string_view documentName;  ///< its name in the key map documents
+};
 
 /// One row of a grid as a save writes it.
 struct RowToSave {

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <utility>
 
+#include "BesideViews.h"
 #include "Views.h"
 #include "WorldSteps.h"
 #include "platform/Failure.h"
@@ -121,6 +122,8 @@ const Player::Verb* Player::Find(const std::string& name) {
        [](Player& p, const Words&, const Given&) { ShowFonts(p.world.program, p.printer); }},
       {"cat", 2, [](Player& p, const Words& w, const Given&) { ShowFile(p.world, w); }},
       {"macros", 2, [](Player& p, const Words& w, const Given&) { ShowMacros(p.world, w); }},
+      {"findings", 1,
+       [](Player& p, const Words&, const Given&) { ShowFindings(p.world.program, p.printer); }},
       {"ls", 2, [](Player& p, const Words& w, const Given&) { ShowFolder(p.world, w); }},
   };
   for (const Verb& verb : verbs)

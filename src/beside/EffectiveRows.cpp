@@ -1,0 +1,46 @@
+#include "beside/EffectiveRows.h"
+
+#include "keymap/KeyMapGrid.h"
+#include "keymap/RowEditing.h"
+#include "scripts/KeyMapSave.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int mainMenu = 0;
+constexpr int afterMessageMenu = 4;
+
+}  // namespace
+
+int GridOfBoxInHand(const frmMain& form) {
+  for (int grid = 0; grid < gridCount; ++grid)
+    if (form.focus.ActiveControl() == &At(form.txtKeyAssignment, grid)) return grid;
+  return -1;
+}
+
+MenuRows EffectiveRows(const frmMain& form, int grid) {
+  const KeyGrid& keys = At(form.gridKeyMap, grid);
+  MenuRows rows = RowsOf(keys);
+  if (GridOfBoxInHand(form) != grid || !keys.HasRowInHand()) return rows;
+  const std::string& text = At(form.txtKeyAssignment, grid).Text();
+  if (!IsKeyText(text)) return rows;
+  MenuRow& row = rows[static_cast<std::size_t>(keys.Row() - 1)];
+  row.key = Trim(text);
+  if (row.key.empty()) row.order = notVoiced;
+  return rows;
+}
+
+EffectiveGrids EffectiveGridsOf(const frmMain& form) {
+  EffectiveGrids grids;
+  for (int grid = 0; grid < gridCount; ++grid) At(grids, grid) = EffectiveRows(form, grid);
+  return grids;
+}
+
+bool IsVoiced(int grid, const MenuRow& row) {
+  if (grid == afterMessageMenu && IsSavedAsNotVoiced(row.token)) return false;
+  return (grid == mainMenu || grid == afterMessageMenu) && row.order != notVoiced;
+}
+
+}  // namespace dialwright
