@@ -106,7 +106,7 @@ const Files& ServerFiles(std::string_view name) {
        {"XMLShots/StandardKeyMap.XML", "SubMsgPlay_Alternate_Custom_Internal.cde"})
     files[ours + ReplaceAll(file, "/", "\\")] = BytesOf(source / "program" / file);
   files[ours + "PDFFoldoutBuilder\\tool"] = "";
-  for (const std::string version : {"Pre42", "_50"})
+  for (const std::string version : {"Pre42", "", "_50"})
     files[ours + "Blank_Map_Template" + version + ".htm"] =
         "<p>%CONV_NAME%\r\n%MENU_NEW% %BODY_DELETE% %MSGMENU_SAVE% %MAIN_GREETINGS%\r\n";
   return files;

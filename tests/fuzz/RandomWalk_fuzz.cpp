@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr const char* servers[] = {"merid-7.0-2.0", "merid-5.0-0.30", "merid-4.0-5.0",
+constexpr const char* servers[] = {"merid-7.0-2.0", "merid-4.3-0.15", "merid-4.0-5.0",
                                    "tessel-1.1-0.0"};
 
 /// What asks before it is done, without "mnu".
