@@ -25,7 +25,7 @@ constexpr CharsetRow charsets[] = {
 
 /// Whether a family is one of typewriters. Those of the East have two widths, one for their own
 /// signs and half of it for Latin letters, and don't call themselves of fixed pitch.
-bool isTypewriters(const QString& family) {
+bool IsTypewriters(const QString& family) {
   const QFontMetricsF metrics{QFont(family)};
   return QFontDatabase::isFixedPitch(family) ||
          metrics.horizontalAdvance('i') == metrics.horizontalAdvance('W');
@@ -37,7 +37,7 @@ QString FamilyFor(QFontDatabase::WritingSystem script) {
   const QStringList families = QFontDatabase::families(script);
   const auto proportional =
       std::find_if(families.begin(), families.end(), [](const QString& family) {
-        return !QFontDatabase::isPrivateFamily(family) && !isTypewriters(family);
+        return !QFontDatabase::isPrivateFamily(family) && !IsTypewriters(family);
       });
   if (proportional != families.end()) return *proportional;
   return families.value(0);

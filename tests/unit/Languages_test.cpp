@@ -19,7 +19,7 @@ static std::string Frame(std::string_view text) {
   for (const char c : text)
     if (c == '&' || c == '\r' || c == '\n') frame += c;
   for (char place = '1'; place <= '9'; ++place)
-    if (text.find(std::string("%") + place) != text.npos) frame += place;
+    if (text.find(std::string("%") + place) != std::string_view::npos) frame += place;
   if (text.starts_with('[')) frame += text.substr(0, text.find(']') + 1);
   return frame.append(text.size() - (text.find_last_not_of(' ') + 1), '>');
 }

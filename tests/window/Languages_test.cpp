@@ -30,13 +30,13 @@ class LanguagesTest : public WindowTest {
       letters.emplace(key.toString(), text);
   }
 
-  static void expectApart(const std::multimap<QString, QString>& letters,
+  static void ExpectApart(const std::multimap<QString, QString>& letters,
                           const std::string& where) {
     for (const auto& [letter, text] : letters)
       EXPECT_EQ(letters.count(letter), 1U) << where << ": " << text.toStdString();
   }
 
-  void checkLetters(const std::string& language) {
+  void CheckLetters(const std::string& language) {
     std::multimap<QString, QString> shown;
     for (const QAction* action : window.menuBar()->actions())
       if (action->isVisible()) Note(shown, action->text());
@@ -44,12 +44,12 @@ class LanguagesTest : public WindowTest {
       if (button->isVisible()) Note(shown, button->text());
     for (const auto* label : window.findChildren<QLabel*>())
       if (label->isVisible() && label->buddy() != nullptr) Note(shown, label->text());
-    expectApart(shown, language);
+    ExpectApart(shown, language);
     for (const auto* menu : window.findChildren<QMenu*>()) {
       std::multimap<QString, QString> items;
       for (const QAction* action : menu->actions())
         if (action->isVisible()) Note(items, action->text());
-      expectApart(items, language + ", " + menu->objectName().toStdString());
+      ExpectApart(items, language + ", " + menu->objectName().toStdString());
     }
   }
 };
@@ -63,7 +63,7 @@ TEST_F(LanguagesTest, NoLetterIsUnderlinedTwiceInAMenuOrInTheWindow) {
     user.Click("cmdOK");
     for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
       user.Tab(tab);
-      checkLetters(world.program.language.astrLanguages[i]);
+      CheckLetters(world.program.language.astrLanguages[i]);
     }
     user.Click("mnuAbout");
   }
