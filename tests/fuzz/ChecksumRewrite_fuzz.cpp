@@ -26,18 +26,18 @@ std::string Rewritten(std::string text, const std::string& checksumText) {
 void Check(const std::string& bytes) {
   static MemoryFileStore store;
   static Desk desk(store);
-  store.put(path, bytes);
+  store.Put(path, bytes);
   const std::int32_t checksum = lngGetFileChecksum(desk.program, path);
   const std::string text = strChecksumText(checksum);
   UpdateChecksumForFile(desk.program, text, path);
 
   const bool wide = bytes.starts_with(utf16Mark);
-  const std::string found = store.bytes(path);
+  const std::string found = store.Bytes(path);
   need(found == Rewritten(wide ? Utf8ToAnsi(Utf16ToUtf8(bytes.substr(2))) : bytes, text));
   need(desk.printer.lines.empty());
   // A text whose first characters look like the mark is another text from then on.
   if (found.starts_with(utf16Mark)) return;
-  need(scriptChecksum(found) == checksum && ChecksumFits(found));
+  need(ScriptChecksum(found) == checksum && ChecksumFits(found));
   UpdateChecksumForFile(desk.program, text, path);
-  need(store.bytes(path) == found);
+  need(store.Bytes(path) == found);
 }

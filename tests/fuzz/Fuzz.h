@@ -10,8 +10,6 @@
 
 using namespace dialwright;
 
-constexpr std::string_view utf16Mark = "\xFF\xFE";
-
 inline void need(bool holds) {
   if (!holds) std::abort();
 }

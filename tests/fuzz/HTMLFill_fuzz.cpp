@@ -38,13 +38,13 @@ void Check(const std::string& bytes) {
   };
   const std::string token = line();
   const std::string keys = line();
-  store.put(page, input);
-  FillPlaceholder(desk.form(), token, keys);
+  store.Put(page, input);
+  FillPlaceholder(desk.Form(), token, keys);
 
   std::string text = input.starts_with(utf16Mark) ? Utf16ToUtf8(input.substr(utf16Mark.size()))
                                                   : AnsiToUtf8(input);
   replace(text, "%CONV_NAME%", "Dialwright", false);
   const bool filled = replace(text, "%" + std::string(Trim(token)) + "%", keys, true);
   const std::string wanted = filled ? std::string(utf16Mark) + Utf8ToUtf16(text) : input;
-  need(store.bytes(page) == wanted && desk.printer.lines.empty());
+  need(store.Bytes(page) == wanted && desk.printer.lines.empty());
 }

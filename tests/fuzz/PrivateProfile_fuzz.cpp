@@ -44,20 +44,20 @@ void Check(const std::string& bytes) {
 
   MemoryFileStore store, batchedStore;
   PrivateProfile profile(store), batchedProfile(batchedStore);
-  store.put(path, text);
-  batchedStore.put(path, text);
+  store.Put(path, text);
+  batchedStore.Put(path, text);
   auto batch = std::make_unique<ProfileBatch>(batchedProfile, path);
   for (const auto& [section, key, value] : steps) {
     const auto get = [&section = section, &key = key](PrivateProfile& from) {
       return from.GetPrivateProfileStringA(section, key, absent, 127, path);
     };
     const std::string old = get(profile);
-    const std::string before = store.bytes(path);
+    const std::string before = store.Bytes(path);
     const bool written = profile.WritePrivateProfileStringA(section, key, value, path);
     need(batchedProfile.WritePrivateProfileStringA(section, key, value, path) == written);
     need(get(profile) == get(batchedProfile));
     // What the write took out of the file and what it put in, between what stayed.
-    const std::string& after = store.bytes(path);
+    const std::string& after = store.Bytes(path);
     const auto front = std::ranges::mismatch(before, after);
     std::string_view out(front.in1, before.end());
     std::string_view in(front.in2, after.end());
@@ -73,5 +73,5 @@ void Check(const std::string& bytes) {
     if (old != absent) need(Utf8ToAnsi(value).find(in) != std::string::npos);
   }
   batch.reset();
-  need(store.bytes(path) == batchedStore.bytes(path));
+  need(store.Bytes(path) == batchedStore.Bytes(path));
 }

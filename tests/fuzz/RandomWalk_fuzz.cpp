@@ -97,7 +97,7 @@ class Walk {
   explicit Walk(std::string_view allBytes) : bytes(allBytes) {}
 
   void Run() {
-    desk.start();
+    desk.Start();
     checkFiles(0);
     checkGrids();
     for (int steps = 0; !bytes.empty() && steps < 50; ++steps) {
@@ -130,25 +130,25 @@ class Walk {
     if (kind < 2) {
       const int to = number(7);
       Did("tab " + std::to_string(to));
-      user.tab(to);
+      user.Tab(to);
     } else if (kind < 4) {
       const int grid = tab < gridCount ? tab : 0;
       const int row = number(40);
       Did("row " + std::to_string(grid) + " " + std::to_string(row));
-      user.row(grid, row);
+      user.Row(grid, row);
     } else if (kind < 8) {
       const bool all = kind < 7;
       const std::string text =
           all ? std::string(texts[next(std::size(texts))]) : std::to_string(next(10));
       Did((all ? "type \"" : "add \"") + text + "\"");
-      user.type(text, all);
+      user.Type(text, all);
     } else if (kind == 8) {
       Did("leave");
-      user.leave();
+      user.Leave();
     } else if (kind == 9) {
       const bool up = next(2) == 0;
       Did(up ? "spin up" : "spin down");
-      user.spin(up);
+      user.Spin(up);
     } else if (kind < 12) {
       const SetupOption& option = SetupOptions()[next(SetupOptions().size())];
       const CheckBox* boxes[] = {&(form.*option.box), &form.chkGenerateHelp, &form.chkGeneratePDF};
@@ -156,13 +156,13 @@ class Walk {
                                           : "chkDontVoiceAction(" + std::to_string(tab) + ")";
       const int value = number(2);
       Did("set " + name + " " + std::to_string(value));
-      user.set(name, value);
+      user.Set(name, value);
     } else if (kind < 14) {
       const bool yes = next(3) != 0;
       const std::string name = std::string("mnu") + questions[next(std::size(questions))];
       Did((yes ? "answer Yes\n> click " : "answer No\n> click ") + name);
       desk.messages.answers.assign(3, yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No);
-      user.click(name);
+      user.Click(name);
       firstTokens.clear();                                      // other keys, other rows
       checkFiles(name == "mnuRestoreScripts" ? noSection : 0);  // the others write nothing
       checkGrids();
@@ -176,7 +176,7 @@ class Walk {
     desk.messages.answers = {MsgBoxAnswer::Yes};
     desk.printer.lines.clear();
     // The edit box may keep the focus.
-    if (user.click("cmdSave") != Outcome::done) return checkFiles(0);
+    if (user.Click("cmdSave") != Outcome::done) return checkFiles(0);
     std::size_t refused = noSection;
     bool saved = form.chkGenerateHelp.Value() != 0 || form.chkGeneratePDF.Value() != 0;
     for (const std::string& line : desk.printer.lines) {
@@ -212,11 +212,11 @@ class Walk {
   /// refused, and of those behind it, may not have.
   void checkFiles(std::size_t refused) {
     const std::string folder = LowerCase(desk.program.server.strGetScriptPath());
-    for (const std::string& name : store.fileNames(folder)) {
+    for (const std::string& name : store.FileNames(folder)) {
       const std::string path = folder + name;
-      if (store.bytes(path) == seen.at(path)) continue;
+      if (store.Bytes(path) == seen.at(path)) continue;
       const ScriptText old = script(path);
-      seen.at(path) = store.bytes(path);
+      seen.at(path) = store.Bytes(path);
       parsed.erase(path);
       if (script(path).others != old.others) Fail("changed outside the keys: " + path);
       for (std::size_t i = refused; i < noSection; ++i)
@@ -247,9 +247,9 @@ class Walk {
   std::string_view bytes;
   const std::string server = servers[next(std::size(servers))];
   MemoryFileStore store{smallServer(server)};
-  Files seen = store.all();
+  Files seen = store.All();
   Desk desk{store, server};
-  frmMain& form = desk.form();
+  frmMain& form = desk.Form();
   HeadlessUser user{desk.program};
   std::string played;
   std::map<std::string, ScriptText> parsed;

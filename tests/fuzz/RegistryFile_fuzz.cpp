@@ -24,11 +24,11 @@ auto query(MemoryRegistry& registry, std::string_view path, std::string_view nam
 
 void Check(const std::string& bytes) {
   MemoryRegistry plain, wide, marked;
-  readRegistryFile(bytes, plain);
+  ReadRegistryFile(bytes, plain);
   if (bytes.starts_with(utf16Mark) || bytes.starts_with("\xEF\xBB\xBF")) return;
   const std::string utf8 = AnsiToUtf8(bytes);
-  readRegistryFile(std::string(utf16Mark) + Utf8ToUtf16(utf8), wide);
-  readRegistryFile("\xEF\xBB\xBF" + utf8, marked);
+  ReadRegistryFile(std::string(utf16Mark) + Utf8ToUtf16(utf8), wide);
+  ReadRegistryFile("\xEF\xBB\xBF" + utf8, marked);
   for (const std::string_view path : {"", "k", "k\\k", "K\\"})
     for (const std::string_view name : {"", "v", "w", "x\"y"}) {
       const auto expected = query(plain, path, name);

@@ -5,10 +5,10 @@
 #include "platform/standins/StringTableFile.h"
 
 void Check(const std::string& bytes) {
-  const auto file = StringTableFile::parse(bytes);
+  const auto file = StringTableFile::Parse(bytes);
   if (!file) return;
   const auto lookUp = [&](int number) {
-    const auto text = file->find(number);
+    const auto text = file->Find(number);
     // Three bytes at most for each two of the file, and never an empty text.
     need(!text || (!text->empty() && text->size() <= bytes.size() / 2 * 3));
   };
