@@ -7,13 +7,6 @@
 
 namespace dialwright {
 
-namespace {
-
-constexpr int mainMenu = 0;
-constexpr int afterMessageMenu = 4;
-
-}  // namespace
-
 int GridOfBoxInHand(const frmMain& form) {
   for (int grid = 0; grid < gridCount; ++grid)
     if (form.focus.ActiveControl() == &At(form.txtKeyAssignment, grid)) return grid;
@@ -39,8 +32,8 @@ EffectiveGrids EffectiveGridsOf(const frmMain& form) {
 }
 
 bool IsVoiced(int grid, const MenuRow& row) {
-  if (grid == afterMessageMenu && IsSavedAsNotVoiced(row.token)) return false;
-  return (grid == mainMenu || grid == afterMessageMenu) && row.order != notVoiced;
+  if (grid == afterMessageGrid && IsSavedAsNotVoiced(row.token)) return false;
+  return (grid == mainMenuGrid || grid == afterMessageGrid) && row.order != notVoiced;
 }
 
 }  // namespace dialwright

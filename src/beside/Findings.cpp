@@ -12,7 +12,6 @@ namespace dialwright {
 
 namespace {
 
-constexpr int afterMessageMenu = 4;
 constexpr int badKeyText = 1077;
 constexpr int waitsText = 1380;
 constexpr int unreachableText = 1381;
@@ -46,7 +45,7 @@ void AddCautions(const frmMain& form, int grid, const MenuRows& rows,
                  const std::vector<Refusal>& refusals, std::vector<Finding>& findings) {
   for (const MenuRow& row : rows) {
     if (row.key.empty()) {
-      if (grid == afterMessageMenu && IsVoiced(grid, row))
+      if (grid == afterMessageGrid && IsVoiced(grid, row))
         findings.push_back({FindingKind::unreachable,
                             grid,
                             form.program.mymyLoadString(unreachableText),

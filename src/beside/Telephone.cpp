@@ -19,4 +19,10 @@ Reached Reach(const MenuRows& rows, std::string_view pressed) {
   return reached;
 }
 
+std::vector<int> RowNumbers(const std::vector<const MenuRow*>& rows) {
+  std::vector<int> numbers;
+  for (const MenuRow* row : rows) numbers.push_back(row->row);
+  return numbers;
+}
+
 }  // namespace dialwright

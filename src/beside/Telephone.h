@@ -18,7 +18,11 @@ bool IsLongerKey(std::string_view key, std::string_view start);
 struct Reached {
   std::vector<const MenuRow*> exact;   ///< these keys are their whole key
   std::vector<const MenuRow*> longer;  ///< their keys begin with these
+  bool Empty() const { return exact.empty() && longer.empty(); }
 };
 Reached Reach(const MenuRows& rows, std::string_view pressed);
+
+/// Their numbers in the grid.
+std::vector<int> RowNumbers(const std::vector<const MenuRow*>& rows);
 
 }  // namespace dialwright

@@ -8,6 +8,7 @@ void TabStrip::SetTab(int tab) {
   if (tab < 0 || tab >= tabCount || !TabVisible(tab) || tab == current) return;
   const int previous = current;
   current = tab;
+  ++turns;
   if (HomeFocus != nullptr) HomeFocus->TabChanged();
   if (changed) changed();
   if (Click) Click(previous);

@@ -15,6 +15,8 @@ struct TabStrip : Control {
   static constexpr int tabCount = 7;
 
   int Tab() const { return current; }
+  /// How often the current tab has changed.
+  int Turns() const { return turns; }
   /// The choice of a tab that is not there changes nothing.
   void SetTab(int tab);
 
@@ -35,6 +37,7 @@ struct TabStrip : Control {
 
   std::array<Entry, tabCount> tabs;
   int current = 0;
+  int turns = 0;
 };
 
 }  // namespace dialwright

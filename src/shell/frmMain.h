@@ -78,6 +78,7 @@ struct frmMain : Form {
   std::string strXMLKeyMapFile;
   Boolean16 bSingleKeyMap = false16;  ///< -1 while only the first slot is in use
   std::int16_t iKeyMapErrorCount = 0;
+  int loads = 0;  ///< how often the key map has come from its files
   std::uintptr_t hWnd = 0;  ///< the window's handle, 0 without one
 
   /// The control of that name; null if there is none.

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <vector>
+
 #include "Printer.h"
+#include "beside/FindAction.h"
+#include "beside/Trial.h"
 
 namespace dialwright {
 
@@ -8,5 +12,10 @@ class Program;
 
 /// What stands beside the form, as transcripts print it.
 void ShowFindings(const Program& program, Printer& printer);
+void ShowKeypad(const Program& program, Printer& printer);
+void ShowVoiced(const Program& program, Printer& printer);
+void ShowHappenings(const Program& program, const std::vector<Happening>& happened,
+                    Printer& printer);
+void ShowMatches(const std::vector<Match>& matches, Printer& printer);
 
 }  // namespace dialwright

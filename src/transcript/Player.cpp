@@ -3,9 +3,9 @@
 #include <charconv>
 #include <utility>
 
-#include "BesideViews.h"
 #include "Views.h"
 #include "WorldSteps.h"
+#include "beside/Telephone.h"
 #include "platform/Failure.h"
 #include "shell/events/Lifecycle.h"
 #include "shell/frmAbout.h"
@@ -31,6 +31,12 @@ int GridNumber(const std::string& text) {
   const int grid = WholeNumber(text);
   if (grid < 0 || grid >= gridCount) throw TranscriptError{"no such grid: " + text};
   return grid;
+}
+
+char TelephoneKey(const std::string& text) {
+  if (text.size() != 1 || telephoneKeys.find(text) == std::string_view::npos)
+    throw TranscriptError{"no key of a telephone: " + text};
+  return text.front();
 }
 
 }  // namespace
@@ -124,6 +130,22 @@ const Player::Verb* Player::Find(const std::string& name) {
       {"macros", 2, [](Player& p, const Words& w, const Given&) { ShowMacros(p.world, w); }},
       {"findings", 1,
        [](Player& p, const Words&, const Given&) { ShowFindings(p.world.program, p.printer); }},
+      {"keypad", 1,
+       [](Player& p, const Words&, const Given&) { ShowKeypad(p.world.program, p.printer); }},
+      {"voiced", 1,
+       [](Player& p, const Words&, const Given&) { ShowVoiced(p.world.program, p.printer); }},
+      {"press", 2,
+       [](Player& p, const Words& w, const Given&) {
+         const char key = TelephoneKey(w[1]);
+         p.Act([&] { return p.Press(key); });
+       }},
+      {"pause", 1, [](Player& p, const Words&, const Given&) { p.Act([&] { return p.Pause(); }); }},
+      {"find", 2, [](Player& p, const Words& w, const Given&) { p.FindAction(w[1]); }},
+      {"pick", 2,
+       [](Player& p, const Words& w, const Given&) {
+         const int number = WholeNumber(w[1]);
+         p.Act([&] { return p.Pick(number); });
+       }},
       {"ls", 2, [](Player& p, const Words& w, const Given&) { ShowFolder(p.world, w); }},
   };
   for (const Verb& verb : verbs)
@@ -131,7 +153,8 @@ const Player::Verb* Player::Find(const std::string& name) {
   return nullptr;
 }
 
-Player::Player(const MakeUser& makeUser) : world(printer), user(makeUser(world.program)) {
+Player::Player(const MakeUser& makeUser)
+    : world(printer), user(makeUser(world.program)), trial(*world.program.main) {
   const auto shown = world.program.aboutCreated;
   world.program.aboutCreated = [this, shown](frmAbout& about) {
     if (shown) shown(about);
@@ -177,6 +200,30 @@ void Player::Act(const std::function<Outcome()>& step) {
   Guarded([&] {
     if (step() == Outcome::refused) printer.Line("refused");
   });
+}
+
+Outcome Player::Press(char key) {
+  if (world.program.AboutIsUp() || !trial.HasMenu()) return Outcome::refused;
+  ShowHappenings(world.program, trial.Press(key), printer);
+  return Outcome::done;
+}
+
+Outcome Player::Pause() {
+  ShowHappenings(world.program, trial.Pause(), printer);
+  return Outcome::done;
+}
+
+void Player::FindAction(const std::string& text) {
+  found = FindActions(*world.program.main, text);
+  ShowMatches(found, printer);
+}
+
+Outcome Player::Pick(int number) {
+  if (number < 1 || number > static_cast<int>(found.size())) return Outcome::refused;
+  const Match& match = found[static_cast<std::size_t>(number - 1)];
+  if (world.program.main->SSTab1.Tab() != match.grid)
+    if (const Outcome moved = user->Tab(match.grid); moved != Outcome::done) return moved;
+  return user->Row(match.grid, match.row.token);
 }
 
 void Player::Guarded(const std::function<void()>& step) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "BesideViews.h"
 #include "Printer.h"
 #include "Transcript.h"
 #include "User.h"
@@ -32,6 +33,11 @@ class Player {
   void Start();
   /// A user's step; prints "refused" where it is.
   void Act(const std::function<Outcome()>& step);
+  Outcome Press(char key);
+  Outcome Pause();
+  void FindAction(const std::string& text);
+  /// Goes to a result of the last search.
+  Outcome Pick(int number);
   /// Runs what may end the program.
   void Guarded(const std::function<void()>& step);
   void WatchAbout(frmAbout& about);
@@ -39,6 +45,8 @@ class Player {
   Printer printer;
   World world;
   std::unique_ptr<User> user;
+  Trial trial;
+  std::vector<Match> found;
   bool started = false;
   bool ended = false;
 };

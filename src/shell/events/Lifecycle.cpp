@@ -83,6 +83,7 @@ void Form_Unload(frmMain& form, std::int16_t& Cancel) {
 }
 
 void LoadKeyMapInfo(frmMain& form) {
+  ++form.loads;
   LoadMainMenuKeyMapInfo(form);
   LoadVCRKeyMapInfo(form, {});
   LoadAfterMessageKeyMapInfo(form, {});
