@@ -1,5 +1,6 @@
 #include "files/PrivateProfile.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -54,9 +55,9 @@ std::string PrivateProfile::GetPrivateProfileStringA(std::string_view section, s
 bool PrivateProfile::WritePrivateProfileStringA(std::string_view section, std::string_view key,
                                                 std::string_view value, std::string_view path) {
   File& file = Current(path);
-  if (!file.text) return false;
+  if (!file.text) return Miss(path);
   Write write{Utf8ToAnsi(section), Utf8ToAnsi(key), Utf8ToAnsi(value)};
-  if (!file.text->Set(write.section, write.key, write.value)) return false;
+  if (!file.text->Set(write.section, write.key, write.value)) return Miss(path);
   file.batched.push_back(std::move(write));
   return file.batches > 0 || Flush(path, file);
 }
@@ -112,16 +113,24 @@ bool PrivateProfile::Flush(std::string_view path, File& file) {
   const std::optional<FileStamp> stamp = store.Stamp(path);
   if (stamp != file.stamp) {
     Read(path, stamp, file);
-    if (!file.text) return false;
-    for (const Write& write : writes) file.text->Set(write.section, write.key, write.value);
+    if (!file.text) return Miss(path);
+    bool holds = true;
+    for (const Write& write : writes)
+      holds = file.text->Set(write.section, write.key, write.value) && holds;
+    if (!holds) return Miss(path);
   }
   const std::unique_ptr<ProfileText> text = std::exchange(file.text, nullptr);
   try {
     if (text->Changed()) store.Replace(path, text->Text());
     return true;
   } catch (const RuntimeFailure&) {
-    return false;
+    return Miss(path);
   }
+}
+
+bool PrivateProfile::Miss(std::string_view path) {
+  if (std::ranges::find(missed, path) == missed.end()) missed.emplace_back(path);
+  return false;
 }
 
 ProfileBatch::ProfileBatch(PrivateProfile& privateProfile, std::string_view filePath)

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/FileStore.h"
 
@@ -40,6 +41,11 @@ class PrivateProfile {
   /// single writes would have left there.
   void FlushBatches();
 
+  /// The paths of the files that a write, in a batch or by itself, did not reach since the last
+  /// call of `ForgetMissed`; each once.
+  const std::vector<std::string>& Missed() const { return missed; }
+  void ForgetMissed() { missed.clear(); }
+
  private:
   friend class ProfileBatch;
   struct File;
@@ -50,12 +56,16 @@ class PrivateProfile {
   void Read(std::string_view path, const std::optional<FileStamp>& stamp, File& file);
   bool Flush(std::string_view path, File& file);
 
+  bool Miss(std::string_view path);
+
   FileStore& store;
+  std::vector<std::string> missed;
   std::unordered_map<std::string, std::unique_ptr<File>> files;
 };
 
 /// While it lives, reads and writes of one file work on the copy in memory; its end writes the file
-/// once, if anything has changed. A failure of that write is silent, like that of a single one.
+/// once, if anything has changed. A failure of that write is silent, like that of a single one, and
+/// stands in `Missed` afterwards.
 class ProfileBatch {
  public:
   ProfileBatch(PrivateProfile& privateProfile, std::string_view filePath);

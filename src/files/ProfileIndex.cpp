@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "text/Lines.h"
 #include "text/Text.h"
 
 namespace dialwright {

@@ -1,7 +1,6 @@
 #include "files/ProfileLines.h"
 
-#include <algorithm>
-
+#include "text/Lines.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -32,38 +31,6 @@ std::optional<Heading> NextHeading(std::string_view text, std::size_t from) {
 }
 
 }  // namespace
-
-std::size_t LineEnd(std::string_view text, std::size_t from) {
-  // Most values are short; a search for each of the two bytes would cost more than they do.
-  constexpr std::size_t shortRest = 16;
-  const std::size_t near = std::min(text.size(), from + shortRest);
-  for (; from < near; ++from) {
-    if (IsLineEnd(text[from])) return from;
-  }
-  // In windows, so that a text with only one kind of line ends is not searched to its end for the
-  // other kind at every line.
-  constexpr std::size_t window = 256;
-  for (std::size_t at = from; at < text.size(); at += window) {
-    const std::string_view part = text.substr(at, window);
-    const std::string_view line = part.substr(0, part.find('\n'));
-    const std::size_t length = std::min(line.find('\r'), line.size());
-    if (length < part.size()) return at + length;
-  }
-  return text.size();
-}
-
-std::size_t NextLine(std::string_view text, std::size_t lineEnd) {
-  if (text.substr(lineEnd).starts_with("\r\n")) return lineEnd + 2;
-  return std::min(lineEnd + 1, text.size());
-}
-
-std::string_view UsualLineEnd(std::string_view text) {
-  const std::size_t feed = text.find('\n');
-  if (feed == std::string_view::npos) {
-    return text.find('\r') == std::string_view::npos ? "\r\n" : "\r";
-  }
-  return feed > 0 && text[feed - 1] == '\r' ? "\r\n" : "\n";
-}
 
 std::string_view TrimBlanksAndTabs(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);

@@ -6,21 +6,7 @@
 
 namespace dialwright {
 
-// How a profile's text is made of lines and sections. A line ends at a carriage return, a line feed
-// or both in this order: whoever takes only some of them for ends still finds every line that is
-// written here whole.
-
-/// Where the line that holds `from` ends: its first carriage return or line feed, or the text's
-/// end.
-std::size_t LineEnd(std::string_view text, std::size_t from);
-
-/// Behind the line end that stands at `lineEnd`.
-std::size_t NextLine(std::string_view text, std::size_t lineEnd);
-
-/// How new lines of a text end: as its first line does; carriage return and line feed in a text
-/// without lines. In a text that has line feeds, lines that end in a carriage return alone do not
-/// count: such an end, put before a line feed, would make one line end of two.
-std::string_view UsualLineEnd(std::string_view text);
+// How the text of a profile is made of sections.
 
 /// The text without the blanks and tabs around it.
 std::string_view TrimBlanksAndTabs(std::string_view text);

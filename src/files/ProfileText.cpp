@@ -2,14 +2,11 @@
 
 #include <algorithm>
 
+#include "text/Lines.h"
 #include "text/Text.h"
 
 namespace dialwright {
 namespace {
-
-bool IsUtf16(std::string_view bytes) {
-  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-}
 
 bool HasLineEnd(std::string_view text) {
   return text.find_first_of("\r\n") != std::string_view::npos;
@@ -35,6 +32,13 @@ struct Edit {
 void AppendLines(std::string& out, const std::vector<std::pair<std::string, std::string>>& added,
                  std::string_view lineEnd) {
   for (const auto& [key, value] : added) out.append(key).append("=").append(value).append(lineEnd);
+}
+
+// The end of new lines where `rest` follows them. A carriage return right before a blank line's
+// line feed would make one line end of two.
+std::string EndBefore(std::string_view rest, const std::string& lineEnd) {
+  const std::string_view behind = rest.substr(std::min(rest.find_first_not_of('\r'), rest.size()));
+  return lineEnd == "\r" && behind.starts_with('\n') ? "\r\n" : lineEnd;
 }
 
 bool EndsLine(std::string_view text) {
@@ -109,7 +113,7 @@ std::string_view ProfileText::ValueAt(std::size_t begin) const {
 
 void ProfileText::Merge() {
   if (!pending) return;
-  const std::string lineEnd(UsualLineEnd(bytes));
+  const std::string lineEnd(FirstLineEnd(bytes));
   std::vector<Edit> edits;
   for (auto& [begin, value] : values) {
     edits.push_back({begin, LineEnd(bytes, begin), std::move(value)});
@@ -117,8 +121,9 @@ void ProfileText::Merge() {
   for (const auto& [name, section] : sections) {
     if (!section.lines || section.added.empty()) continue;
     const std::size_t place = EndOfWrittenLines(bytes, *section.lines);
+    const std::string newEnd = EndBefore(std::string_view(bytes).substr(place), lineEnd);
     Edit edit{place, place, EndsLine(std::string_view(bytes).substr(0, place)) ? "" : lineEnd};
-    AppendLines(edit.text, section.added, lineEnd);
+    AppendLines(edit.text, section.added, newEnd);
     edits.push_back(std::move(edit));
   }
   // Stable, as a last line may end where both its new value and a new line begin.

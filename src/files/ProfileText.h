@@ -30,9 +30,9 @@ class ProfileText {
 
   /// Puts a value in the place of the one that is there. A missing key goes behind the last line of
   /// its section that is not blank, a missing section to the end of the text. New lines end as the
-  /// text's first line does (see UsualLineEnd); a last line without an end gets one before anything
-  /// is put behind it. Returns false, and changes nothing, for names that no line could hold so
-  /// that they are found again.
+  /// text's first line does; a last line without an end gets one before anything is put behind it.
+  /// Returns false, and changes nothing, for names that no line could hold so that they are found
+  /// again.
   bool Set(std::string_view section, std::string_view key, std::string_view value);
 
   /// Whether the text differs from the bytes that it was made of.

@@ -25,6 +25,8 @@ class OutputFile {
   virtual ~OutputFile() = default;
   /// Throws RuntimeFailure; some of the bytes may then stand in the file.
   virtual void Write(std::string_view bytes) = 0;
+  /// Waits until what was written is on the disk. Throws RuntimeFailure.
+  virtual void Flush() = 0;
   /// Throws RuntimeFailure when what was written could not be kept.
   virtual void Close() = 0;
 };

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "text/Ansi.h"
+#include "text/Lines.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -73,22 +73,18 @@ std::uint32_t CrcOfLines(std::string_view text) {
   // Lines that already end as they should are not taken one by one: `run` is where those not yet
   // added begin.
   std::size_t run = 0;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t feed = text.find('\n', start);
-    const bool ended = feed != std::string_view::npos;
-    const std::size_t next = ended ? feed + 1 : text.size();
-    const std::size_t length = (ended ? feed : text.size()) - start;
-    const bool asWritten = ended && length > 0 && text[feed - 1] == '\r';
-    const bool leftOut = IsChecksumLine(text.substr(start, length));
-    if (leftOut || !asWritten) {
-      crc.Add(text.substr(run, start - run));
-      if (!leftOut) {
-        crc.Add(text.substr(start, length));
-        crc.Add(lineEnd);
-      }
-      run = next;
+  for (LineReader lines(text); !lines.AtEnd();) {
+    const std::size_t start = lines.Place();
+    const std::string_view line = lines.Next();
+    const std::string_view end = text.substr(start, lines.Place() - start).substr(line.size());
+    const bool leftOut = IsChecksumLine(line);
+    if (!leftOut && end == lineEnd) continue;
+    crc.Add(text.substr(run, start - run));
+    if (!leftOut) {
+      crc.Add(line);
+      crc.Add(lineEnd);
     }
-    start = next;
+    run = lines.Place();
   }
   crc.Add(text.substr(run));
   return crc.value();
@@ -110,10 +106,7 @@ class CrcChecksumComponent : public ScriptChecksumComponent {
 }  // namespace
 
 std::int32_t ScriptChecksum(std::string_view bytes) {
-  const std::uint32_t crc =
-      bytes.starts_with(utf16Mark)
-          ? CrcOfLines(Utf8ToAnsi(Utf16ToUtf8(bytes.substr(utf16Mark.size()))))
-          : CrcOfLines(bytes);
+  const std::uint32_t crc = CrcOfLines(bytes);
   return crc == 0 ? 1 : static_cast<std::int32_t>(crc);
 }
 

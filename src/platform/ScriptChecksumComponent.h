@@ -37,8 +37,7 @@ class CrcChecksumFactory : public ScriptChecksumFactory {
   FileStore& store;
 };
 
-/// The checksum of a file's bytes, as above. A UTF-16 file (by its mark) is taken in ANSI, as which
-/// it is rewritten, so that the number fits the rewritten file.
+/// The checksum of a file's bytes, as above.
 std::int32_t ScriptChecksum(std::string_view bytes);
 
 }  // namespace dialwright

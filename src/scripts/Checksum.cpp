@@ -7,6 +7,7 @@
 #include "platform/ScriptChecksumComponent.h"
 #include "scripts/modTimeFunctions.h"
 #include "shell/Program.h"
+#include "text/Lines.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -28,12 +29,17 @@ std::int32_t RequestChecksum(Program& program, std::string_view path) {
   }
 }
 
-std::string WithChecksum(TextStream& script, std::string_view checksumText) {
-  const std::string checksumLine = std::string(checksumMark) + " " + std::string(checksumText);
+/// The script with the checksum in its line, byte by byte the same but for that and the line ends.
+std::string WithChecksum(std::string_view script, std::string_view checksumText) {
   std::string text;
-  while (!script.AtEndOfStream()) {
-    const std::string line = script.ReadLine();
-    text.append(IsChecksumLine(line) ? checksumLine : line).append("\r\n");
+  text.reserve(script.size() + script.size() / 16);
+  for (LineReader lines(script); !lines.AtEnd();) {
+    const std::string_view line = lines.Next();
+    if (IsChecksumLine(line))
+      text.append(checksumMark).append(" ").append(checksumText);
+    else
+      text.append(line);
+    text.append("\r\n");
   }
   return text;
 }
@@ -60,22 +66,19 @@ bool IsChecksumLine(std::string_view line) {
   return StartsWithIgnoringCase(Trim(line), checksumMark);
 }
 
-void UpdateChecksumForFile(Program& program, std::string_view checksumText, std::string_view path) {
-  if (checksumText.empty() || path.empty() || !program.files.FileExists(path)) return;
+bool UpdateChecksumForFile(Program& program, std::string_view checksumText, std::string_view path) {
+  if (checksumText.empty() || path.empty() || !program.files.FileExists(path)) return false;
   const FailureTrap step{program, FailurePrefix::localizedModule, "UpdateChecksumForFile",
                          "Form Form1"};
-  std::string text;
-  const bool read = step([&] {
-    const auto script =
-        program.files.OpenTextFile(path, IOMode::reading, false, TextFormat::systemDefault);
-    text = WithChecksum(*script, checksumText);
-    script->Close();
-  });
-  if (!read) return;
-  step([&] {
-    const auto script = program.files.OpenTextFile(path, IOMode::writing, true, TextFormat::ansi);
-    script->Write(text);
-    script->Close();
+  FileStore& files = program.services.files;
+  std::string script;
+  if (!step([&] { script = files.Read(path); }) || IsUtf16(script)) return false;
+  const std::string text = WithChecksum(script, checksumText);
+  return step([&] {
+    const auto file = files.Open(path, FileStore::Opening::truncate, true);
+    file->Write(text);
+    file->Flush();
+    file->Close();
   });
 }
 

@@ -24,7 +24,8 @@ std::string strChecksumText(std::int32_t checksum);
 bool IsChecksumLine(std::string_view line);
 
 /// Puts the checksum into every checksum line of a file, in place; ends all its lines with carriage
-/// return and line feed.
-void UpdateChecksumForFile(Program& program, std::string_view checksumText, std::string_view path);
+/// return and line feed. Returns whether the file was rewritten: one in UTF-16, which no server
+/// reads, stays as it is.
+bool UpdateChecksumForFile(Program& program, std::string_view checksumText, std::string_view path);
 
 }  // namespace dialwright

@@ -109,6 +109,12 @@ Control* frmMain::Find(std::string_view name) const {
   return nullptr;
 }
 
+std::vector<std::string> SlotScripts(const frmMain& form) {
+  std::vector<std::string> paths{form.strMainMenuScript, form.strMessagePlaybackScript};
+  if (form.SSTab1.TabVisible(setupTab)) paths.push_back(form.strSetupMenuScript);
+  return paths;
+}
+
 int SelectedSlot(const frmMain& form) {
   if (form.mnuSelectDialwright.Checked) return 1;
   return form.mnuSelectDialwright2.Checked ? 2 : 3;

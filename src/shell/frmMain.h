@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "controls/Control.h"
 #include "controls/EditBox.h"
@@ -12,6 +13,7 @@
 #include "controls/KeyGrid.h"
 #include "controls/TabStrip.h"
 #include "server/MeridVersion.h"
+#include "shell/SaveOutcome.h"
 
 namespace dialwright {
 
@@ -78,7 +80,8 @@ struct frmMain : Form {
   std::string strXMLKeyMapFile;
   Boolean16 bSingleKeyMap = false16;  ///< -1 while only the first slot is in use
   std::int16_t iKeyMapErrorCount = 0;
-  int loads = 0;  ///< how often the key map has come from its files
+  int loads = 0;            ///< how often the key map has come from its files
+  SaveOutcome lastSave;     ///< since the last load
   std::uintptr_t hWnd = 0;  ///< the window's handle, 0 without one
 
   /// The control of that name; null if there is none.
@@ -88,6 +91,10 @@ struct frmMain : Form {
   void Adopt(Control& control, std::string name, int tab, std::string_view caption = {});
   void AdoptMenus();
 };
+
+/// The paths of the selected slot's files: that of the setup script only where there is a Setup
+/// tab.
+std::vector<std::string> SlotScripts(const frmMain& form);
 
 /// "Dialwright 1" has the number 1, and so on: the slot that is checked, the third if neither of
 /// the first two is.

@@ -126,6 +126,8 @@ const Player::Verb* Player::Find(const std::string& name) {
        [](Player& p, const Words&, const Given&) { ShowLanguages(p.world.program, p.printer); }},
       {"fonts", 1,
        [](Player& p, const Words&, const Given&) { ShowFonts(p.world.program, p.printer); }},
+      {"saved", 1,
+       [](Player& p, const Words&, const Given&) { ShowSaved(p.world.program, p.printer); }},
       {"cat", 2, [](Player& p, const Words& w, const Given&) { ShowFile(p.world, w); }},
       {"macros", 2, [](Player& p, const Words& w, const Given&) { ShowMacros(p.world, w); }},
       {"findings", 1,

@@ -93,6 +93,23 @@ void ShowText(Program& program, std::string_view name, Printer& printer) {
   printer.Line(Shown(TextOf(program, name)));
 }
 
+void ShowSaved(const Program& program, Printer& printer) {
+  const SaveOutcome& outcome = program.main->lastSave;
+  switch (outcome.kind) {
+    case SaveOutcome::Kind::none:
+      return printer.Line("none");
+    case SaveOutcome::Kind::complete:
+      return printer.Line("complete");
+    case SaveOutcome::Kind::refused:
+      return printer.Line("refused " + std::to_string(outcome.grid));
+    case SaveOutcome::Kind::incomplete:
+      break;
+  }
+  std::string line = "incomplete";
+  for (const std::string& path : outcome.files) line += " " + Shown(path);
+  printer.Line(line);
+}
+
 void ShowLanguages(Program& program, Printer& printer) {
   if (!program.AboutIsLoaded()) return;
   const auto& items = program.About().mnuLanguageList;

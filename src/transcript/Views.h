@@ -18,6 +18,8 @@ void ShowSetup(const Program& program, Printer& printer);
 /// The caption of a control, a tab or a column heading. Throws TranscriptError for an unknown name.
 void ShowText(Program& program, std::string_view name, Printer& printer);
 void ShowLanguages(Program& program, Printer& printer);
+/// What came of the last save.
+void ShowSaved(const Program& program, Printer& printer);
 void ShowFonts(const Program& program, Printer& printer);
 
 }  // namespace dialwright

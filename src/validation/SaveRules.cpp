@@ -122,6 +122,7 @@ std::string RefusalText(Messages& texts, const Refusal& refusal) {
 bool RefusedBySave(frmMain& form, int grid, const MenuRows& rows) {
   const std::vector<Refusal> refusals = Refusals(grid, rows, form.program.server);
   if (refusals.empty()) return false;
+  form.lastSave = SaveOutcome::Refused(grid);
   form.program.MsgBox(RefusalText(form.program, refusals.front()));
   if (refusals.front().rule == SaveRule::oneRowAKey) {
     form.SSTab1.SetTab(grid);

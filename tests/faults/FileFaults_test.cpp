@@ -94,9 +94,9 @@ class FileFaults : public testing::TestWithParam<Job> {
     if (!torn.empty()) ++tornRuns;
     // The checksum is written in place, as the server demands: what breaks in the middle of it
     // leaves a beginning of the file. Nothing else may.
-    const bool rewriting = failed.kind == FileOperation::open ||
-                           failed.kind == FileOperation::write ||
-                           failed.kind == FileOperation::close;
+    const bool rewriting =
+        failed.kind == FileOperation::open || failed.kind == FileOperation::write ||
+        failed.kind == FileOperation::flush || failed.kind == FileOperation::close;
     for (const std::string& path : torn)
       if (!rewriting || path != failed.path) wrong = "torn: " + path;
     // What a user is told of what cannot be seen, or of failure upon failure, is not counted here.

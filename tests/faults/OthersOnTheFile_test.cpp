@@ -93,10 +93,23 @@ const Case cases[] = {
        Change(path, "MAIN_TIMEOUT=4000", "MAIN\0TIMEOUT=40\0"sv);
        Change(path, "\r\nMENU_SEND=", "\nMENU_SEND=");
      }},
-    // It has no keys as far as anybody can tell; the checksum's rewrite makes it ANSI.
-    {"utf16", false, Outcome::another,
-     [](Path path) { Put(path, "\xFF\xFE" + Utf8ToUtf16("[MACROS]\r\nA=1\r\n")); },
-     [](Path path) { return TextOf(path) == "[MACROS]\r\nA=1\r\n"; }},
+    // No server reads such a file: nothing is written into it, and its backup is as it is.
+    {"utf16", false, Outcome::untouched,
+     [](Path path) { Put(path, "\xFF\xFE" + Utf8ToUtf16("[MACROS]\r\nA=1\r\n")); }},
+    {"utf16BigEndian", true, Outcome::untouched,
+     [](Path path) { Put(path, "\xFE\xFF\0[\0M\0]\0\n"sv); }, nullptr,
+     "Invalid key assignement in the main menu."},
+    {"carriageReturnsOnly", true, Outcome::saved,
+     [](Path path) { Put(path, "#CRC 1\r" + ReplaceAll(TextOf(path), "\r\n", "\r")); }},
+    {"twoCarriageReturnsAndALineFeed", true, Outcome::saved,
+     [](Path path) { Change(path, "\r\n", "\r\r\n"); }},
+    {"aChecksumThatACarriageReturnEnds", true, Outcome::saved,
+     [](Path path) { Put(path, "#CRC 5\r[X]\n" + TextOf(path) + "#CRC 5\r"); }},
+    {"keysMissingBeforeSuchAChecksum", false, Outcome::saved,
+     [](Path path) {
+       Change(path, "ORDINAL_MENU_HELP", "OTHER");
+       Put(path, TextOf(path) + "#CRC 5\r");
+     }},
     {"aLargeFile", true, Outcome::saved,
      [](Path path) {
        const std::string line = std::string(4 << 20, 'x') + "\r\n";

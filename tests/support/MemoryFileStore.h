@@ -20,7 +20,7 @@ using Files = std::map<std::string, std::string>;
 
 /// One operation on files, as the system asked for it.
 struct FileOperation {
-  enum Kind { question, names, read, open, write, close, replace, copy, remove, folder };
+  enum Kind { question, names, read, open, write, flush, close, replace, copy, remove, folder };
   Kind kind;
   std::string path;  ///< in lower case; of a copy the target
 };
@@ -142,6 +142,7 @@ class MemoryFileStore : public FileStore {
       store.Act(
           FileOperation::write, path, [&] { add(more.size()); }, [&] { add(more.size() / 2); });
     }
+    void Flush() override { store.Act(FileOperation::flush, path); }
     void Close() override { store.Act(FileOperation::close, path); }
     MemoryFileStore& store;
     std::string path;

@@ -5,6 +5,7 @@
 #include "platform/ScriptChecksumComponent.h"
 #include "scripts/Checksum.h"
 #include "scripts/SetupOptions.h"
+#include "text/Lines.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -24,12 +25,7 @@ std::size_t SectionOf(std::string_view key) {
 
 std::vector<std::string_view> LinesOf(std::string_view bytes) {
   std::vector<std::string_view> lines;
-  while (!bytes.empty()) {
-    const std::size_t end = std::min(bytes.find('\n'), bytes.size());
-    lines.push_back(bytes.substr(0, end));
-    if (lines.back().ends_with('\r')) lines.back().remove_suffix(1);
-    bytes.remove_prefix(std::min(end + 1, bytes.size()));
-  }
+  for (LineReader reader(bytes); !reader.AtEnd();) lines.push_back(reader.Next());
   return lines;
 }
 

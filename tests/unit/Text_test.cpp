@@ -113,8 +113,9 @@ TEST(ChecksumTest, LinesAndWhatIsLeftOut) {
       {"a\r\n\r\nb\r\n", 808096034},
       {"a\n\nb", 808096034},
       {"\xE4\x80\xFF", 499942279},
-      {"\xFF\xFE\xE4\0\xAC\x20\xFF\0\n\0"sv, 499942279},  // the same text in UTF-16
-      {"a\r\r\n", -8565894},
+      {"a\rb", -76557932},
+      {"a\r\r\n\rb\r\r\r\n", 808096034},
+      {"a\r#CRC 1\rb\r", -76557932},
       {"x #CRC 1", 134879559},   // no checksum line: text stands before the mark
       {"\t#CRC 1", -968518645},  // nor this: a tab is text
       {"#CR", -207538025},

@@ -66,6 +66,9 @@ class OutputFilePosix : public OutputFile {
     if (!file) throw RuntimeFailure(Failure::badFileName);
     if (const int error = file.Write(bytes)) ThrowErrno(error, path);
   }
+  void Flush() override {
+    if (const int error = file.Flush()) ThrowErrno(error, path);
+  }
   void Close() override {
     if (const int error = file.Close()) ThrowErrno(error, path);
   }

@@ -70,6 +70,7 @@ class OutputFileWin32 : public OutputFile {
     if (!file) throw RuntimeFailure(Failure::badFileName);
     file.Write(bytes);
   }
+  void Flush() override { file.Flush(); }
   void Close() override { file.Close(); }
 
  private:

@@ -84,6 +84,7 @@ void Form_Unload(frmMain& form, std::int16_t& Cancel) {
 
 void LoadKeyMapInfo(frmMain& form) {
   ++form.loads;
+  form.lastSave = {};
   LoadMainMenuKeyMapInfo(form);
   LoadVCRKeyMapInfo(form, {});
   LoadAfterMessageKeyMapInfo(form, {});

@@ -1,6 +1,9 @@
 #include "shell/events/SaveChain.h"
 
+#include <algorithm>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "documents/HTMLKeyMap.h"
 #include "documents/SetupMenuDocument.h"
@@ -30,9 +33,31 @@ bool SaveMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
   return true;
 }
 
-void UpdateChecksum(frmMain& form, const std::string& path) {
-  UpdateChecksumForFile(form.program, strChecksumText(lngGetFileChecksum(form.program, path)),
-                        path);
+/// While it lives the slot's files are replaced only where somebody looks: before a message box,
+/// and at its end. So after a crash a script's keys are either all old or all new.
+struct SlotBatch {
+  explicit SlotBatch(const frmMain& form) {
+    for (const std::string& path : SlotScripts(form))
+      batches.push_back(std::make_unique<ProfileBatch>(form.program.profile, path));
+  }
+  std::vector<std::unique_ptr<ProfileBatch>> batches;
+};
+
+/// Returns whether the file was rewritten.
+bool UpdateChecksum(frmMain& form, const std::string& path) {
+  return UpdateChecksumForFile(form.program,
+                               strChecksumText(lngGetFileChecksum(form.program, path)), path);
+}
+
+/// Brings the checksums up to date; returns what came of the save.
+SaveOutcome UpdateChecksums(frmMain& form) {
+  const std::vector<std::string>& missed = form.program.profile.Missed();
+  SaveOutcome outcome{SaveOutcome::Kind::complete, -1, {}};
+  for (const std::string& path : SlotScripts(form))
+    if (!UpdateChecksum(form, path) || std::ranges::find(missed, path) != missed.end())
+      outcome.files.push_back(path);
+  if (!outcome.files.empty()) outcome.kind = SaveOutcome::Kind::incomplete;
+  return outcome;
 }
 
 void OfferDocuments(frmMain& form) {
@@ -67,13 +92,17 @@ void SaveKeyMapInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   Program& program = form.program;
   form.iKeyMapErrorCount = 0;
   form.Pointer = MousePointer::hourglass;
-  const bool saved = SaveMenus(form, bCreateKeyDocument, second);
+  form.lastSave = {};
+  program.profile.ForgetMissed();
+  bool saved = false;
+  {
+    const SlotBatch batch(form);
+    saved = SaveMenus(form, bCreateKeyDocument, second);
+  }
   form.Pointer = MousePointer::standard;
   if (!saved || form.iKeyMapErrorCount != 0) return;
 
-  UpdateChecksum(form, form.strMainMenuScript);
-  UpdateChecksum(form, form.strMessagePlaybackScript);
-  if (form.SSTab1.TabVisible(setupTab)) UpdateChecksum(form, form.strSetupMenuScript);
+  form.lastSave = UpdateChecksums(form);
   BackupScriptFiles(form);
   if (form.chkGenerateHelp.Value() == 0 && form.chkGeneratePDF.Value() == 0)
     program.MsgBox(program.mymyLoadString(1023));
