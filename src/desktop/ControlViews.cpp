@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QTabBar>
 #include <QTabWidget>
+#include <algorithm>
 
 #include "controls/EditBox.h"
 #include "controls/KeyGrid.h"
@@ -18,21 +19,13 @@ namespace dialwright {
 
 namespace {
 
-/// A caption without the marks of its mnemonic, as it is spoken.
-QString Spoken(const QString& caption) {
-  QString text = caption;
-  text.replace("&&", QChar(1));
-  text.remove('&');
-  return text.replace(QChar(1), "&");
-}
-
 QKeySequence MnemonicIn(const QString& caption) { return QKeySequence::mnemonic(caption); }
 
 }  // namespace
 
 void ControlViews::JoinPlain(const Control& control, QWidget& widget) {
   widget.setObjectName(ToQt(control.Name));
-  ShowWith([&control, &widget, font = ControlFont{}]() mutable {
+  Show([&control, &widget, font = ControlFont{}]() mutable {
     widget.setEnabled(control.Enabled);
     widget.setVisible(control.Visible);
     if (font == control.Font()) return;
@@ -43,19 +36,21 @@ void ControlViews::JoinPlain(const Control& control, QWidget& widget) {
 
 void ControlViews::Join(Label& label, QLabel& widget) {
   JoinPlain(label, widget);
-  ShowWith([&label, &widget] { widget.setText(LinesToQt(label.Caption())); });
+  Show([&label, &widget] { widget.setText(LinesToQt(label.Caption())); });
 }
 
 void ControlViews::Join(Label& label, QGroupBox& widget) {
   JoinPlain(label, widget);
-  ShowWith([&label, &widget] {
+  Show([&label, &widget] {
     if (const QString title = ToQt(label.Caption); title != widget.title()) widget.setTitle(title);
   });
 }
 
 void ControlViews::Join(Label& label, QTextEdit& widget) {
   JoinPlain(label, widget);
-  ShowWith([&label, &widget] {
+  TakesFocus(label, widget);
+  AddPart(label, *widget.viewport());
+  Show([&label, &widget] {
     if (const QString text = LinesToQt(label.Caption()); text != widget.toPlainText())
       widget.setPlainText(text);
   });
@@ -65,7 +60,7 @@ void ControlViews::Join(CommandButton& button, QPushButton& widget) {
   JoinPlain(button, widget);
   TakesFocus(button, widget);
   AddPart(button, widget);
-  ShowWith([&button, &widget] { widget.setText(ToQt(button.Caption)); });
+  Show([&button, &widget] { widget.setText(ToQt(button.Caption)); });
   QObject::connect(&widget, &QPushButton::clicked, &widget, [this, &button] {
     act(button, [&button] {
       if (button.Click) button.Click();
@@ -77,7 +72,7 @@ void ControlViews::Join(CheckBox& box, QCheckBox& widget) {
   JoinPlain(box, widget);
   TakesFocus(box, widget);
   AddPart(box, widget);
-  ShowWith([&box, &widget] {
+  Show([&box, &widget] {
     widget.setText(ToQt(box.Caption));
     widget.setChecked(box.Value() != 0);
   });
@@ -92,7 +87,7 @@ void ControlViews::Join(EditBox& box, KeyEdit& widget) {
   JoinPlain(box, widget);
   TakesFocus(box, widget);
   AddPart(box, widget, {}, true);
-  ShowWith([&widget] { widget.Refresh(); });
+  Show([&widget] { widget.Refresh(); });
   widget.keyPress = [this, &box](int keyAscii) {
     act(box, [&box, keyAscii] {
       if (box.KeyPress) box.KeyPress(keyAscii);
@@ -113,7 +108,7 @@ void ControlViews::Join(KeyGrid& grid, GridView& widget) {
     return [&grid, row = widget.RowAtPlace(place)] { grid.SetRow(row); };
   });
   AddPart(grid, *widget.horizontalHeader()->viewport());
-  ShowWith([&widget] { widget.Refresh(); });
+  Show([&widget] { widget.Refresh(); });
   widget.rowWanted = [this, &grid](int row) { act(grid, [&grid, row] { grid.SetRow(row); }); };
 }
 
@@ -142,7 +137,7 @@ void ControlViews::Join(TabStrip& tabs, QTabWidget& widget) {
   AddPart(tabs, bar, [&tabs, &bar](QPoint place) -> Action {
     return [&tabs, tab = bar.tabAt(place)] { tabs.SetTab(tab); };
   });
-  ShowWith([&tabs, &widget] {
+  Show([&tabs, &widget] {
     for (int tab = 0; tab < TabStrip::tabCount; ++tab) {
       widget.setTabVisible(tab, tabs.TabVisible(tab));
       if (const QString caption = ToQt(tabs.TabCaption(tab)); caption != widget.tabText(tab))
@@ -156,11 +151,7 @@ void ControlViews::Join(TabStrip& tabs, QTabWidget& widget) {
   });
 }
 
-void ControlViews::Name(Control& control, QLabel& label) {
-  QWidget* widget = FocusWidget(&control);
-  label.setBuddy(widget);
-  ShowWith([&label, widget] { widget->setAccessibleName(Spoken(label.text())); });
-}
+void ControlViews::Name(Control& control, QLabel& label) { label.setBuddy(FocusWidget(&control)); }
 
 void ControlViews::Refresh() {
   refreshing = true;
@@ -193,6 +184,11 @@ std::optional<ControlViews::Mnemonic> ControlViews::MnemonicOf(QWidget* widget,
 QWidget* ControlViews::FocusWidget(const Control* control) const {
   const auto found = focusWidgets.find(control);
   return found == focusWidgets.end() ? nullptr : found->second;
+}
+
+bool ControlViews::HoldsKeyboard(const QWidget& widget) const {
+  return std::any_of(focusWidgets.begin(), focusWidgets.end(),
+                     [&widget](const auto& row) { return row.second == &widget; });
 }
 
 void ControlViews::AddPart(Control& control, QWidget& widget,

@@ -45,8 +45,11 @@ class ControlViews {
   void Join(TabStrip& tabs, QTabWidget& widget);
   /// A widget that shows nothing of its control but its name, font and state.
   void JoinPlain(const Control& control, QWidget& widget);
-  /// The label that names a control: a screen reader speaks it, and its mnemonic leads there.
+  /// The label that names a control: its mnemonic leads there.
   void Name(Control& control, QLabel& label);
+
+  /// Whatever else shows something of the form: called at each refresh.
+  void Show(std::function<void()> show) { shows.push_back(std::move(show)); }
 
   /// Shows what the controls hold now.
   void Refresh();
@@ -70,12 +73,13 @@ class ControlViews {
 
   /// The widget that has the keyboard for a control; null if it has none here.
   QWidget* FocusWidget(const Control* control) const;
+  /// Whether a widget has the keyboard for some control. Another one is a guest in the window.
+  bool HoldsKeyboard(const QWidget& widget) const;
 
  private:
   void AddPart(Control& control, QWidget& widget, std::function<Action(QPoint)> actionAt = {},
                bool anyButton = false);
   void TakesFocus(Control& control, QWidget& widget);
-  void ShowWith(std::function<void()> show) { shows.push_back(std::move(show)); }
 
   Act act;
   bool refreshing = false;

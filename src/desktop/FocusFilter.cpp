@@ -11,7 +11,11 @@
 
 #include "desktop/ControlViews.h"
 #include "desktop/Dispatch.h"
+#include "desktop/GridView.h"
+#include "desktop/KeyEdit.h"
+#include "desktop/QtText.h"
 #include "shell/frmMain.h"
+#include "text/Text.h"
 
 namespace dialwright {
 
@@ -33,6 +37,8 @@ void FocusFilter::MirrorFocus() {
   QWidget* wanted = views.FocusWidget(active);
   QWidget* present = window.focusWidget();
   if (wanted == present) return;
+  const bool isGuest = present != nullptr && !views.HoldsKeyboard(*present);
+  if (isGuest && !isStepping) return;
   if (wanted != nullptr)
     wanted->setFocus(stepReason);
   else
@@ -60,35 +66,153 @@ bool FocusFilter::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool FocusFilter::Press(QWidget* widget, QMouseEvent* event) {
+  heldOnSpin = 0;
   const ControlViews::Part* part = views.PartAt(widget);
   if (part == nullptr) return false;
+  const auto* grid = dynamic_cast<const KeyGrid*>(part->control);
+  if (grid != nullptr && event->type() == QEvent::MouseButtonDblClick) {
+    // The first press has chosen the row.
+    if (part->actionAt && grid->HasRowInHand()) StepToBox();
+    return true;
+  }
   if (event->button() != Qt::LeftButton && !part->anyButton) return false;
   if (!part->actionAt) return !Step(*part->control, Qt::MouseFocusReason);
   Step(*part->control, Qt::MouseFocusReason, part->actionAt(event->position().toPoint()));
   return true;
 }
 
+namespace {
+
+constexpr int keyEnter = 13;  // the codes that the keys have as characters
+constexpr int keyEscape = 27;
+
+Qt::KeyboardModifiers ModifiersOf(const QKeyEvent& event) {
+  return event.modifiers() & ~Qt::KeypadModifier;
+}
+
+/// -1 for the key upwards, +1 for the key downwards, 0 for any other.
+int ArrowOf(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Up ? -1 : event.key() == Qt::Key_Down ? +1 : 0;
+}
+
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool IsTelephoneKey(const QKeyEvent& event) {
+  const QString text = event.text();
+  return text.size() == 1 && QStringView(u"0123456789*#").contains(text.front()) &&
+         (ModifiersOf(event) & ~Qt::ShiftModifier) == Qt::NoModifier;
+}
+
+}  // namespace
+
 bool FocusFilter::Key(QWidget* widget, QKeyEvent* event) {
   if (qobject_cast<QMenuBar*>(widget) != nullptr) return false;
-  const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-  const bool shift = modifiers == Qt::ShiftModifier;
-  const bool plain = modifiers == Qt::NoModifier;
-  const bool control = (modifiers & ~Qt::ShiftModifier) == Qt::ControlModifier;
-  const int pressed = event->key();
-  const bool tab = pressed == Qt::Key_Tab || pressed == Qt::Key_Backtab;
-  const bool backwards = pressed == Qt::Key_Backtab || (modifiers & Qt::ShiftModifier) != 0;
-  const bool inEditBox = dynamic_cast<EditBox*>(form.focus.ActiveControl()) != nullptr;
+  if (!event->isAutoRepeat()) heldOnSpin = 0;
+  if (WindowKey(*event)) return true;
+  if (widget != &window && !views.HoldsKeyboard(*widget)) return false;  // a guest's
 
-  if (tab && (plain || shift))
-    StepToNeighbour(backwards ? -1 : +1);
-  else if (tab && control)
-    StepToTab(backwards ? -1 : +1);
-  else if (control && (pressed == Qt::Key_PageUp || pressed == Qt::Key_PageDown))
-    StepToTab(pressed == Qt::Key_PageUp ? -1 : +1);
-  else if (plain && inEditBox && (pressed == Qt::Key_Up || pressed == Qt::Key_Down))
-    StepToRow(pressed == Qt::Key_Up ? -1 : +1);
-  else
-    return false;
+  const int pressed = event->key();
+  const Qt::KeyboardModifiers modifiers = ModifiersOf(*event);
+  if ((pressed == Qt::Key_Tab || pressed == Qt::Key_Backtab) &&
+      (modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier)) {
+    StepToNeighbour(pressed == Qt::Key_Backtab || modifiers != Qt::NoModifier ? -1 : +1);
+    return true;
+  }
+  return form.SSTab1.Tab() < gridCount && RowKey(*event);
+}
+
+bool FocusFilter::WindowKey(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  if ((modifiers & ~Qt::ShiftModifier) != Qt::ControlModifier) return false;
+  const bool shift = (modifiers & Qt::ShiftModifier) != 0;
+  switch (event.key()) {
+    case Qt::Key_Tab:
+      StepToNextTab(shift ? -1 : +1);
+      return true;
+    case Qt::Key_Backtab:
+    case Qt::Key_PageUp:
+      StepToNextTab(-1);
+      return true;
+    case Qt::Key_PageDown:
+      StepToNextTab(+1);
+      return true;
+    case Qt::Key_S:
+      if (shift) return false;
+      Step(form.cmdSave, Qt::ShortcutFocusReason, [this] {
+        if (form.cmdSave.Click) form.cmdSave.Click();
+      });
+      return true;
+    default:
+      if (event.key() < Qt::Key_1 || event.key() >= Qt::Key_1 + TabStrip::tabCount) return false;
+      if (form.SSTab1.TabVisible(event.key() - Qt::Key_1)) StepToTab(event.key() - Qt::Key_1);
+      return true;
+  }
+}
+
+bool FocusFilter::RowKey(const QKeyEvent& event) {
+  const int tab = form.SSTab1.Tab();
+  const Control* active = form.focus.ActiveControl();
+  const KeyGrid& grid = At(form.gridKeyMap, tab);
+  const bool onSpin = active == &At(form.UpDownMenuOrder, tab);
+  const bool inBox = active == &At(form.txtKeyAssignment, tab);
+  const bool onGrid = active == &grid;
+  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  const bool isPlain = modifiers == Qt::NoModifier;
+
+  // The step sends the focus on to the box; the key is held all the same.
+  const bool isHeld = event.isAutoRepeat() && heldOnSpin == event.key();
+  if (const int arrow = ArrowOf(event); arrow != 0 && (isHeld || (onSpin && isPlain))) {
+    heldOnSpin = event.key();
+    MoveRow(arrow);
+    return true;
+  }
+  if (active != nullptr && !onSpin && !inBox && !onGrid) return false;
+  if (const int arrow = ArrowOf(event); arrow != 0 && modifiers == Qt::AltModifier) {
+    MoveRow(arrow);
+    if (form.focus.ActiveControl() == &At(form.UpDownMenuOrder, tab) && inBox) StepToBox();
+    return true;
+  }
+  if (onSpin) return false;
+  if (inBox) return BoxKey(event);
+
+  if (IsTelephoneKey(event)) {
+    if (!StepToBox()) return true;
+    QKeyEvent again(event.type(), event.key(), event.modifiers(), event.text());
+    QCoreApplication::sendEvent(views.FocusWidget(&At(form.txtKeyAssignment, tab)), &again);
+    return true;
+  }
+  if (isPlain && (event.key() == Qt::Key_F2 || (onGrid && IsEnter(event)))) {
+    StepToBox();
+    return true;
+  }
+  if (onGrid) return false;
+  return ArrowOf(event) != 0 && isPlain && StepToBox() && BoxKey(event);
+}
+
+bool FocusFilter::BoxKey(const QKeyEvent& event) {
+  const int tab = form.SSTab1.Tab();
+  const KeyGrid& grid = At(form.gridKeyMap, tab);
+  auto& edit = static_cast<KeyEdit&>(*views.FocusWidget(&At(form.txtKeyAssignment, tab)));
+  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  const int pressed = event.key();
+  if (modifiers == Qt::NoModifier && IsEnter(event)) {
+    edit.keyPress(keyEnter);
+    StepToRow(grid.Row() + 1);
+    return true;
+  }
+  if (modifiers == Qt::NoModifier && pressed == Qt::Key_Escape) {
+    edit.keyPress(keyEscape);
+    if (grid.HasRowInHand()) edit.Replace(ToQt(Trim(grid.Text(grid.Row(), Column::KeyAssignment))));
+    return true;
+  }
+  const bool toAnEnd = pressed == Qt::Key_Home || pressed == Qt::Key_End;
+  if (modifiers != (toAnEnd ? Qt::ControlModifier : Qt::NoModifier)) return false;
+  const auto& view = static_cast<const GridView&>(*views.FocusWidget(&grid));
+  const int row = view.RowByKey(pressed);
+  if (row == 0) return false;
+  if (row != grid.Row()) StepToRow(row);
   return true;
 }
 
@@ -104,10 +228,12 @@ bool FocusFilter::Mnemonic(QWidget* widget, QShortcutEvent* event) {
 bool FocusFilter::Step(Control& to, Qt::FocusReason reason, const std::function<void()>& action) {
   bool moved = false;
   stepReason = reason;
+  isStepping = true;
   entry.Run([&] {
     moved = form.focus.Reachable(to) && form.focus.MoveByUser(to);
     if (moved && action) action();
   });
+  isStepping = false;
   stepReason = Qt::OtherFocusReason;
   return moved;
 }
@@ -127,19 +253,38 @@ void FocusFilter::StepToNeighbour(int direction) {
   }
 }
 
-void FocusFilter::StepToRow(int direction) {
-  const int tab = form.SSTab1.Tab();
-  if (tab >= gridCount) return;
-  KeyGrid& grid = At(form.gridKeyMap, tab);
-  Step(grid, Qt::OtherFocusReason, [&grid, row = grid.Row() + direction] { grid.SetRow(row); });
+bool FocusFilter::StepToBox() {
+  EditBox& box = At(form.txtKeyAssignment, form.SSTab1.Tab());
+  return Step(box, Qt::OtherFocusReason, [&box] { box.SelectAll(); });
 }
 
-void FocusFilter::StepToTab(int direction) {
+void FocusFilter::StepToRow(int row) {
+  KeyGrid& grid = At(form.gridKeyMap, form.SSTab1.Tab());
+  // To leave the box may sort the rows: what is meant is the action that stands there now.
+  const bool isThere = row > 0 && row < grid.Rows();
+  const std::string token = isThere ? grid.Text(row, Column::ActionToken) : "";
+  Step(grid, Qt::OtherFocusReason, [&grid, isThere, token] {
+    for (int present = 1; isThere && present < grid.Rows(); ++present)
+      if (grid.Text(present, Column::ActionToken) == token) return grid.SetRow(present);
+  });
+}
+
+void FocusFilter::StepToTab(int tab) {
+  Step(form.SSTab1, Qt::OtherFocusReason, [this, tab] { form.SSTab1.SetTab(tab); });
+}
+
+void FocusFilter::StepToNextTab(int direction) {
   int tab = form.SSTab1.Tab();
   do {
     tab = (tab + direction + TabStrip::tabCount) % TabStrip::tabCount;
   } while (!form.SSTab1.TabVisible(tab));
-  Step(form.SSTab1, Qt::OtherFocusReason, [this, tab] { form.SSTab1.SetTab(tab); });
+  StepToTab(tab);
+}
+
+void FocusFilter::MoveRow(int direction) {
+  SpinButton& spin = At(form.UpDownMenuOrder, form.SSTab1.Tab());
+  const auto& click = direction < 0 ? spin.UpClick : spin.DownClick;
+  Step(spin, Qt::OtherFocusReason, click);
 }
 
 }  // namespace dialwright

@@ -18,6 +18,9 @@ struct frmMain;
 /// Stands in front of the window's widgets. Before a press of the mouse, a Tab or a mnemonic
 /// reaches one, the form's focus makes the step; if the edit box that has the focus refuses to be
 /// left, the event never arrives. The toolkit's keyboard focus follows the form's and never leads.
+///
+/// A widget that shows no control may have the keyboard too, as a guest, until the user's next step
+/// to a control; the form's focus stays where it is meanwhile.
 class FocusFilter : public QObject {
  public:
   FocusFilter(QWidget& mainWindow, frmMain& mainForm, ControlViews& controlViews,
@@ -36,18 +39,29 @@ class FocusFilter : public QObject {
   bool Key(QWidget* widget, QKeyEvent* event);
   bool Mnemonic(QWidget* widget, QShortcutEvent* event);
 
+  /// The keys of the whole window, of the rows of a grid, and of the box that edits one.
+  bool WindowKey(const QKeyEvent& event);
+  bool RowKey(const QKeyEvent& event);
+  bool BoxKey(const QKeyEvent& event);
+
   /// A user's step to a control, and what they do there. Returns whether the control has the focus,
   /// or had it when the action ran.
   bool Step(Control& to, Qt::FocusReason reason, const std::function<void()>& action = {});
   void StepToNeighbour(int direction);
-  void StepToRow(int direction);
-  void StepToTab(int direction);
+  bool StepToBox();
+  void StepToRow(int row);
+  void StepToTab(int tab);
+  void StepToNextTab(int direction);
+  /// Moves the row in hand by the arrows of its spin control.
+  void MoveRow(int direction);
 
   QWidget& window;
   frmMain& form;
   ControlViews& views;
   Dispatch& entry;
   Control* last = nullptr;  ///< where Tab goes on from when no control has the focus
+  int heldOnSpin = 0;       ///< an arrow key that was pressed on a spin control and is held since
+  bool isStepping = false;
   Qt::FocusReason stepReason = Qt::OtherFocusReason;
 };
 

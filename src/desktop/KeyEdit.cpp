@@ -16,6 +16,7 @@ namespace dialwright {
 namespace {
 
 constexpr int keyCut = 24;  // the codes that the keys have as characters
+constexpr int keyPaste = 22;
 constexpr int keyUndo = 26;
 constexpr int keyRedo = 25;
 constexpr int keyDelete = 127;
@@ -36,14 +37,30 @@ int UnitsOf(const QString& text, std::size_t characters) {
 
 int ClassicCode(const QString& text) { return static_cast<unsigned char>(text.toUtf8().front()); }
 
+Qt::KeyboardModifiers ModifiersOf(const QKeyEvent& event) {
+  return event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+}
+
+/// Whether the key writes something. With Control and Alt together it is the third letter of a key.
 bool IsCharacter(const QKeyEvent& event) {
   const QString text = event.text();
-  if (text.isEmpty()) return false;
-  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-  if (modifiers == Qt::ControlModifier || modifiers == (Qt::ControlModifier | Qt::ShiftModifier))
+  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  if (text.isEmpty() || modifiers == Qt::ControlModifier || modifiers == Qt::AltModifier)
     return false;
   const QChar first = text.front();
   return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_PrivateUse;
+}
+
+/// The code of a key that gives a character which changes no text, such as Escape or Control and a
+/// letter; 0 for any other.
+int ControlCode(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  if (modifiers != Qt::NoModifier && modifiers != Qt::ControlModifier) return 0;
+  const int key = event.key();
+  if (modifiers == Qt::ControlModifier && key >= Qt::Key_A && key <= Qt::Key_Z)
+    return key - Qt::Key_A + 1;
+  const QString text = event.text();
+  return text.size() == 1 && text.front() < ' ' ? text.front().unicode() : 0;
 }
 
 struct EditKey {
@@ -117,14 +134,25 @@ void KeyEdit::TypeText(const QString& added) {
   Change(ClassicCode(added), [this, &added] {
     const QString fitting = CutToRoom(added);
     if (!fitting.isEmpty()) insert(fitting);
+    if (fitting != added && tellFull) tellFull();
   });
+}
+
+void KeyEdit::Replace(const QString& wanted) {
+  selectAll();
+  const QString fitting = CutToRoom(wanted);
+  fitting.isEmpty() ? del() : insert(fitting);
+  selectAll();
 }
 
 void KeyEdit::paste(QClipboard::Mode mode) {
   QString added = QGuiApplication::clipboard()->text(mode);
   const auto isLineEnd = [](QChar character) { return character == '\n' || character == '\r'; };
   added.truncate(std::find_if(added.cbegin(), added.cend(), isLineEnd) - added.cbegin());
-  if (!added.isEmpty()) TypeText(added);
+  if (!added.isEmpty())
+    TypeText(added);
+  else if (keyPress)
+    keyPress(keyPaste);
 }
 
 void KeyEdit::keyPressEvent(QKeyEvent* event) {
@@ -138,8 +166,23 @@ void KeyEdit::keyPressEvent(QKeyEvent* event) {
   }
   if (IsCharacter(*event))
     TypeText(event->text());
+  else if (const int code = ControlCode(*event); code != 0)
+    Change(code, [this, event] { QLineEdit::keyPressEvent(event); });
+  else if (ModifiersOf(*event) == Qt::AltModifier && !event->text().isEmpty())
+    event->ignore();  // the toolkit would write the letter
   else
     QLineEdit::keyPressEvent(event);
+}
+
+void KeyEdit::focusOutEvent(QFocusEvent* event) {
+  if (event->reason() != Qt::MenuBarFocusReason) {
+    QLineEdit::focusOutEvent(event);
+    return;
+  }
+  // The menu gives the keyboard back, and the text shall be selected then as it is now.
+  refreshing = true;
+  QLineEdit::focusOutEvent(event);
+  Refresh();
 }
 
 void KeyEdit::inputMethodEvent(QInputMethodEvent* event) {

@@ -21,9 +21,14 @@ class KeyEdit : public QLineEdit {
 
   std::function<void(int keyAscii)> keyPress;     ///< before the text changes
   std::function<void(const QString&)> textTyped;  ///< after it
+  std::function<void()> tellFull;                 ///< what was typed did not go in whole
+
+  /// Puts a text in place of the one that is there, as the user would.
+  void Replace(const QString& wanted);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;

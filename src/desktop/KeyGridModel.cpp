@@ -1,10 +1,14 @@
 #include "desktop/KeyGridModel.h"
 
 #include "desktop/QtText.h"
+#include "keymap/Announced.h"
 
 namespace dialwright {
 
-KeyGridModel::KeyGridModel(const KeyGrid& keyGrid) : grid(keyGrid) { Refresh(); }
+KeyGridModel::KeyGridModel(const KeyGrid& keyGrid, int gridNumber)
+    : grid(keyGrid), number(gridNumber) {
+  Refresh();
+}
 
 KeyGridModel::Texts KeyGridModel::TextsOf(int gridRow) const {
   return {ToQt(grid.Text(gridRow, Column::Action)),
@@ -16,18 +20,21 @@ bool KeyGridModel::Refresh() {
   if (const Texts texts = TextsOf(0); texts != heading) {
     heading = texts;
     changed = true;
-    emit headerDataChanged(Qt::Horizontal, 0, shownColumns - 1);
+    emit headerDataChanged(Qt::Horizontal, 0, formColumns - 1);
   }
   std::vector<Texts> present;
   for (int row = 1; row < grid.Rows(); ++row) present.push_back(TextsOf(row));
-  if (present == rows) return changed;
+  std::vector<int> presentPlaces = AnnouncedPlaces(grid, number);
+  if (present == rows && presentPlaces == places) return changed;
 
   if (present.size() != rows.size()) {
     beginResetModel();
     rows = std::move(present);
+    places = std::move(presentPlaces);
     endResetModel();
   } else {
     rows = std::move(present);
+    places = std::move(presentPlaces);
     emit dataChanged(index(0, 0), index(static_cast<int>(rows.size()) - 1, shownColumns - 1));
   }
   return true;
@@ -42,12 +49,20 @@ int KeyGridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant KeyGridModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::DisplayRole) return {};
-  return rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  const auto row = static_cast<std::size_t>(index.row());
+  if (role == announcedRole) return !AnnouncesActions(number) || places[row] != 0;
+  if (index.column() == placeColumn) {
+    if (role == Qt::TextAlignmentRole) return int(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::DisplayRole && places[row] != 0) return QString::number(places[row]);
+    return {};
+  }
+  if (role != Qt::DisplayRole) return {};
+  return rows[row][static_cast<std::size_t>(index.column())];
 }
 
 QVariant KeyGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= shownColumns) return {};
+  if (orientation != Qt::Horizontal || section < 0 || section >= formColumns) return {};
   if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
   if (role != Qt::DisplayRole) return {};
   return heading[static_cast<std::size_t>(section)];

@@ -9,13 +9,19 @@
 
 namespace dialwright {
 
-/// The two columns of a key map grid that a user sees: action and key. The model holds a copy, so
-/// that a view never reads a row that the grid no longer has.
+/// The columns of a key map grid that a user sees: action and key, and the place that the telephone
+/// announces the action at. The model holds a copy, so that a view never reads a row that the grid
+/// no longer has.
 class KeyGridModel : public QAbstractTableModel {
  public:
-  static constexpr int shownColumns = 2;
+  static constexpr int formColumns = 2;  ///< those that are the form's own
+  static constexpr int placeColumn = 2;
+  static constexpr int shownColumns = 3;
+  /// Whether the telephone announces the row; true in a menu that announces nothing.
+  static constexpr int announcedRole = Qt::UserRole;
 
-  explicit KeyGridModel(const KeyGrid& keyGrid);
+  /// `gridNumber` tells which menu it is.
+  KeyGridModel(const KeyGrid& keyGrid, int gridNumber);
 
   /// Takes the grid's present texts over, also from a grid that does not draw. Returns whether any
   /// has changed.
@@ -27,12 +33,14 @@ class KeyGridModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  using Texts = std::array<QString, shownColumns>;
+  using Texts = std::array<QString, formColumns>;
   Texts TextsOf(int gridRow) const;
 
   const KeyGrid& grid;
+  int number;
   Texts heading;
   std::vector<Texts> rows;
+  std::vector<int> places;  ///< counted from 1; 0 for a row that is not announced
 };
 
 }  // namespace dialwright

@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -13,6 +12,7 @@
 #include "desktop/FocusFilter.h"
 #include "desktop/Menus.h"
 #include "desktop/QtText.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/SetupPage.h"
 #include "desktop/TabPage.h"
 #include "desktop/Texts.h"
@@ -110,7 +110,8 @@ void MainWindow::SetTabOrders() {
     for (Control* control : {static_cast<Control*>(&At(form.gridKeyMap, i)),
                              static_cast<Control*>(&At(form.txtKeyAssignment, i)),
                              static_cast<Control*>(&At(form.chkDontVoiceAction, i)),
-                             static_cast<Control*>(&At(form.UpDownMenuOrder, i))})
+                             static_cast<Control*>(&At(form.UpDownMenuOrder, i)),
+                             static_cast<Control*>(&At(form.txtDescription, i))})
       order.push_back(control);
   for (Control* control : SetupPage::ControlsInOrder(form)) order.push_back(control);
   for (Control* control :
@@ -152,16 +153,6 @@ void MainWindow::Refresh() {
   PlaceDocuments();
   views.Refresh();
   menus->Refresh();
-  for (int i = 0; i < gridCount; ++i) {
-    const QString tab = ToQt(form.SSTab1.TabCaption(i));
-    QWidget* grid = views.FocusWidget(&At(form.gridKeyMap, i));
-    grid->setAccessibleName(tab);
-    grid->setAccessibleDescription(LinesToQt(At(form.txtDescription, i).Caption()));
-    views.FocusWidget(&At(form.UpDownMenuOrder, i))
-        ->setAccessibleName(ToQt(At(form.frameMenuOrder, i).Caption));
-    QWidget* key = views.FocusWidget(&At(form.txtKeyAssignment, i));
-    key->setAccessibleDescription(ToQt(At(form.lblKeyMap, i).Caption));
-  }
   focus->MirrorFocus();
 }
 
@@ -173,15 +164,13 @@ void MainWindow::Pick(MenuItem& item) {
 
 void MainWindow::Open() {
   Refresh();
-  // Wide enough for the widest page and for all tabs, with some room for languages of longer words,
-  // and never larger than the screen.
+  // Wide enough for the widest page and for all tabs, with some room for languages of longer words.
   centralWidget()->layout()->invalidate();
   const QSize wanted = centralWidget()->sizeHint();
   const int tabsWidth =
       tabs->tabBar()->sizeHint().width() + wanted.width() - tabs->sizeHint().width();
-  resize(QSize(std::max(wanted.width(), tabsWidth) * 9 / 8, fontMetrics().height() * 42)
-             .boundedTo(screen()->availableSize()));
-  show();
+  ShowFitted(*this,
+             QSize(std::max(wanted.width(), tabsWidth) * 9 / 8, fontMetrics().height() * 42));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -1,6 +1,7 @@
 #include "desktop/Menus.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -30,9 +31,12 @@ Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick) : form(main
     }
     actions[item]->setObjectName(name);
   }
+  auto* slotItems = new QActionGroup(&menuBar);  // one of them is in force: radio marks
   for (const MenuItem* item :
-       {&form.mnuSelectDialwright, &form.mnuSelectDialwright2, &form.mnuSelectDialwright3})
+       {&form.mnuSelectDialwright, &form.mnuSelectDialwright2, &form.mnuSelectDialwright3}) {
     actions.at(item)->setCheckable(true);
+    slotItems->addAction(actions.at(item));
+  }
   actions.at(&form.mnuHelp)->setShortcut(QKeySequence(Qt::Key_F1));
   Refresh();
 }

@@ -4,6 +4,8 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollBar>
 #include <QTabBar>
@@ -109,9 +111,10 @@ TEST_F(FocusFilterTest, TabVisitsWhatCanBeUsedInTheOrderOfThePage) {
     } while (Focused() != first && names.size() < 1000);
     return names;
   };
-  EXPECT_EQ(round(),
-            "txtKeyAssignment(0) chkDontVoiceAction(0) UpDownMenuOrder(0) cmdExit SSTab1 "
-            "gridKeyMap(0) ");
+  EXPECT_EQ(
+      round(),
+      "txtKeyAssignment(0) chkDontVoiceAction(0) UpDownMenuOrder(0) txtDescription(0) cmdExit "
+      "SSTab1 gridKeyMap(0) ");
   user.Tab(setupTab);
   user.Set("chkMAIN_MESSAGE_SETTINGS", 0);
   EXPECT_EQ(round(),
@@ -121,15 +124,125 @@ TEST_F(FocusFilterTest, TabVisitsWhatCanBeUsedInTheOrderOfThePage) {
 
 TEST_F(FocusFilterTest, TheKeysOfBoxAndGridChooseRows) {
   const int last = form.gridKeyMap[0].Rows() - 1;
-  const std::tuple<bool, Qt::Key, int> keys[] = {
-      {false, Qt::Key_End, last}, {false, Qt::Key_Up, last - 1}, {true, Qt::Key_Up, last - 2},
-      {false, Qt::Key_Home, 1},   {false, Qt::Key_Down, 2},      {true, Qt::Key_Down, 3}};
-  for (const auto& [inBox, key, row] : keys) {
+  constexpr auto control = Qt::ControlModifier;
+  const std::tuple<bool, Qt::Key, Qt::KeyboardModifiers, int> keys[] = {
+      {false, Qt::Key_End, {}, last},      {false, Qt::Key_Up, {}, last - 1},
+      {true, Qt::Key_Up, {}, last - 2},    {true, Qt::Key_End, control, last},
+      {true, Qt::Key_Home, control, 1},    {true, Qt::Key_Up, {}, 1},
+      {false, Qt::Key_Down, {}, 2},        {true, Qt::Key_Down, {}, 3},
+      {true, Qt::Key_PageDown, {}, last},  {true, Qt::Key_PageUp, {}, 1},
+      {false, Qt::Key_End, control, last}, {false, Qt::Key_Home, {}, 1},
+      {true, Qt::Key_Return, {}, 2},
+  };
+  for (const auto& [inBox, key, modifiers, row] : keys) {
     if (!inBox) user.Leave();
-    Press(key);
+    for (int pages = 0; pages < (key == Qt::Key_PageDown || key == Qt::Key_PageUp ? 5 : 1); ++pages)
+      Press(key, modifiers);
     EXPECT_EQ(form.gridKeyMap[0].Row(), row);
     EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
   }
+}
+
+TEST_F(FocusFilterTest, WhatLeavingTheBoxSortsAwayLeadsToTheNextActionAllTheSame) {
+  const std::string next = form.gridKeyMap[0].Text(2, Column::ActionToken);
+  user.Type("", true);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(form.gridKeyMap[0].Text(form.gridKeyMap[0].Row(), Column::ActionToken), next);
+}
+
+TEST_F(FocusFilterTest, ADigitGoesToTheBoxFromTheGridAndFromNowhere) {
+  auto& edit = widget<KeyEdit>("txtKeyAssignment(0)");
+  const auto nowhere = [this] {
+    form.focus.Withdraw(*form.focus.ActiveControl());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Focused(), "");
+  };
+  user.Leave();
+  Press(Qt::Key_7);
+  EXPECT_EQ(edit.text(), "7");
+  nowhere();
+  Press(Qt::Key_Asterisk);
+  EXPECT_EQ(edit.text(), "*");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(edit.text(), "1");
+  nowhere();
+  Press(Qt::Key_Down);
+  EXPECT_EQ(form.gridKeyMap[0].Row(), 2);
+  EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
+  for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Return}) {
+    user.Leave();
+    Press(key);
+    EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
+    EXPECT_EQ(edit.selectedText(), edit.text());
+  }
+  user.Leave();
+  QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {},
+                     Grid().visualRect(Grid().currentIndex()).center());
+  EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
+}
+
+TEST_F(FocusFilterTest, ARowIsMovedAsOftenAsOneLikes) {
+  const std::string token = form.gridKeyMap[0].Text(1, Column::ActionToken);
+  const auto expectAt = [&](int row) {
+    EXPECT_EQ(form.gridKeyMap[0].Row(), row);
+    EXPECT_EQ(form.gridKeyMap[0].Text(row, Column::ActionToken), token);
+  };
+  for (const int row : {2, 3}) {
+    Press(Qt::Key_Down, Qt::AltModifier);
+    expectAt(row);
+  }
+  user.Leave();
+  Press(Qt::Key_Up, Qt::AltModifier);
+  expectAt(2);
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_Tab);
+  ASSERT_EQ(Focused(), "UpDownMenuOrder(0)");
+  for (const bool isRepeat : {false, true, true}) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, {}, isRepeat);
+    QApplication::sendEvent(window.focusWidget(), &held);
+    QCoreApplication::processEvents();
+  }
+  expectAt(5);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(form.gridKeyMap[0].Row(), 6) << "a new press is the box's";
+  EXPECT_EQ(form.gridKeyMap[0].Text(5, Column::ActionToken), token);
+}
+
+TEST_F(FocusFilterTest, AGuestKeepsTheKeyboardUntilAStepToAControl) {
+  auto& guest = *new QLineEdit(&window);
+  guest.show();
+  guest.setFocus();
+  QTest::keyClicks(&guest, "7");
+  window.Refresh();
+  EXPECT_EQ(window.focusWidget(), &guest);
+  EXPECT_EQ(guest.text(), "7");
+  Press(Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(Focused(), "txtKeyAssignment(1)");
+}
+
+TEST_F(FocusFilterTest, TheMenuLeavesTheSelectionOfTheBox) {
+  auto& edit = widget<KeyEdit>("txtKeyAssignment(0)");
+  user.Type("12", true);
+  edit.selectAll();
+  QFocusEvent away(QEvent::FocusOut, Qt::MenuBarFocusReason),
+      back(QEvent::FocusIn, Qt::MenuBarFocusReason);
+  QApplication::sendEvent(&edit, &away);
+  QApplication::sendEvent(&edit, &back);
+  EXPECT_EQ(edit.selectedText(), "12");
+  EXPECT_EQ(form.txtKeyAssignment[0].SelLength, 2U);
+}
+
+TEST_F(FocusFilterTest, ControlAndADigitChooseTabsAndControlSSaves) {
+  Press(Qt::Key_5, Qt::ControlModifier);
+  EXPECT_EQ(form.SSTab1.Tab(), 4);
+  Press(Qt::Key_7, Qt::ControlModifier);
+  EXPECT_EQ(form.SSTab1.Tab(), setupTab);
+  Press(Qt::Key_1, Qt::ControlModifier);
+  user.Type("95", true);
+  world.messages.answers = {MsgBoxAnswer::No};
+  Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(form.gridKeyMap[0].Text(1, Column::KeyAssignment), "95");
+  EXPECT_FALSE(form.cmdSave.Enabled);
 }
 
 TEST_F(FocusFilterTest, AClickMeansThePlaceThatWasUnderThePointer) {
@@ -218,10 +331,32 @@ TEST_F(KeyEditTest, EveryWayToChangeTheTextIsAKeyPressBeforeIt) {
     EXPECT_TRUE(form.cmdSave.Enabled);
     EXPECT_EQ(Box().Text(), after);
   }
-  form.cmdSave.Enabled = false;
-  for (const auto other : {Qt::Key_Left, Qt::Key_Escape}) Press(other);
-  for (const auto other : {Qt::Key_A, Qt::Key_C}) Press(other, control);
-  EXPECT_FALSE(form.cmdSave.Enabled) << "what changes no text is no key press";
+  const std::tuple<Qt::Key, Qt::KeyboardModifiers, bool> others[] = {
+      {Qt::Key_Return, {}, true},          {Qt::Key_Escape, {}, true},
+      {Qt::Key_A, control, true},          {Qt::Key_C, control, true},
+      {Qt::Key_Left, {}, false},           {Qt::Key_F, Qt::AltModifier, false},
+      {Qt::Key_9, Qt::AltModifier, false},
+  };
+  for (const auto& [pressed, modifiers, isKeyPress] : others) {
+    user.Type("1", true);
+    form.cmdSave.Enabled = false;
+    const std::string text = Box().Text();
+    Press(pressed, modifiers);
+    EXPECT_EQ(form.cmdSave.Enabled, isKeyPress) << "whatever gives a character is a key press";
+    if (pressed != Qt::Key_Return && pressed != Qt::Key_Escape) {
+      EXPECT_EQ(Box().Text(), text);
+    }
+  }
+}
+
+TEST_F(KeyEditTest, ADigitTooManyIsTold) {
+  int told = 0;
+  Edit().tellFull = [&told] { ++told; };
+  user.Type("123", true);
+  EXPECT_EQ(told, 0);
+  Press(Qt::Key_4);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(widget<QLabel>("keyRoom(0)").text(), "At most 3 keys");
 }
 
 }  // namespace dialwright

@@ -1,9 +1,12 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QTabWidget>
 #include <QTimer>
 #include <functional>
 
@@ -12,6 +15,7 @@
 #include "desktop/GridView.h"
 #include "desktop/MainWindow.h"
 #include "desktop/QtMessageBoxes.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/WrapLabel.h"
 #include "transcript/PeWriter.h"
 
@@ -129,13 +133,16 @@ static std::string CutWidget(const MainWindow& window) {
     const bool hasText = widget->inherits("QLabel") || widget->inherits("QCheckBox") ||
                          widget->inherits("QPushButton") || widget->inherits("QGroupBox");
     if (!widget->isVisible() || !hasText) continue;
+    const auto* page = window.findChild<QTabWidget*>()->currentWidget();
+    const auto* scrolled = page->findChild<QScrollArea*>();
     const QSize needed = widget->minimumSizeHint();
     const auto* wrapped = dynamic_cast<const WrapLabel*>(widget);
     const int height =
         wrapped != nullptr ? wrapped->heightForWidth(widget->width()) : needed.height();
+    const bool isScrolled = scrolled != nullptr && scrolled->isAncestorOf(widget);
     const QRect place(widget->mapTo(&window, QPoint()), widget->size());
-    if (widget->width() < needed.width() || widget->height() < height ||
-        !window.rect().contains(place))
+    if (widget->width() < needed.width() || widget->height() < height || place.left() < 0 ||
+        place.right() >= window.width() || (!isScrolled && !window.rect().contains(place)))
       return widget->objectName().toStdString();
   }
   return "";
@@ -162,15 +169,71 @@ TEST_F(MainWindowTest, NoTextIsCutOffInALargeFontOrALongLanguage) {
   expectWhole("a large font");
   const auto& grid = widget<GridView>("gridKeyMap(0)");
   EXPECT_GE(grid.rowHeight(0), grid.fontMetrics().height());
-  for (int row = 0; row < grid.model()->rowCount(); ++row) {
-    const QString action = grid.model()->index(row, 0).data().toString();
-    EXPECT_GT(grid.columnWidth(0), grid.fontMetrics().horizontalAdvance(action));
-  }
+  const auto expectKeysInSight = [&grid](const char* what) {
+    const QHeaderView& heading = *grid.horizontalHeader();
+    EXPECT_EQ(grid.columnViewportPosition(1) + grid.columnWidth(1), grid.viewport()->width());
+    EXPECT_GE(grid.columnWidth(1), heading.sectionSizeHint(1)) << what;
+    for (int row = 0; row < grid.model()->rowCount(); ++row)
+      EXPECT_GE(grid.columnWidth(1), grid.sizeHintForIndex(grid.model()->index(row, 1)).width());
+  };
+  user.Tab(0);
+  expectKeysInSight("small");
+  window.resize(3000, 900);
+  QCoreApplication::processEvents();
+  expectKeysInSight("wide");
+  for (int row = 0; row < grid.model()->rowCount(); ++row)
+    EXPECT_GE(grid.columnWidth(0), grid.sizeHintForIndex(grid.model()->index(row, 0)).width());
   for (Control* control : form.Controls)
     if (const std::string text = control->Caption; !text.empty())
       control->Caption = text + " " + text.substr(0, text.size() / 2);
   expectWhole("longer texts too");
   QApplication::setFont(usual);
+}
+
+TEST_F(MainWindowTest, ItComesUpInsideTheScreenWithItsFrame) {
+  QWidget large;
+  ShowFitted(large, {5000, 5000});
+  QTest::qWait(500);
+  EXPECT_TRUE(large.screen()->availableGeometry().contains(large.frameGeometry()));
+  EXPECT_LT(large.height(), large.screen()->availableGeometry().height());
+}
+
+TEST_F(MainWindowTest, AnnouncedRowsBearTheirPlacesAndTheOthersNone) {
+  for (const int tab : {0, 4}) {
+    const KeyGrid& keys = form.gridKeyMap.at(static_cast<std::size_t>(tab));
+    const auto& rows = *widget<GridView>("gridKeyMap(" + std::to_string(tab) + ")").model();
+    int voiced = 0;
+    for (int row = 1; row < keys.Rows(); ++row) {
+      const QString place = rows.index(row - 1, KeyGridModel::placeColumn).data().toString();
+      const bool isVoiced = keys.Text(row, Column::Order) != "99999";
+      EXPECT_EQ(place, isVoiced ? QString::number(++voiced) : "");
+    }
+    EXPECT_GT(voiced, 0);
+  }
+  EXPECT_TRUE(widget<GridView>("gridKeyMap(1)").isColumnHidden(KeyGridModel::placeColumn));
+  EXPECT_FALSE(widget<QWidget>("silentMenu(1)").isHidden());
+  EXPECT_TRUE(widget<QWidget>("silentMenu(0)").isHidden());
+}
+
+TEST_F(MainWindowTest, OneStepDownTellsAScreenReaderOnce) {
+  static std::vector<QString> told;
+  told.clear();
+  QAccessible::setActive(true);
+  const auto before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+    if (event->object() != nullptr && event->type() != QAccessible::ObjectShow)
+      told.push_back(event->object()->objectName());
+  });
+  user.Row(0, 2);
+  told.clear();
+  Press(Qt::Key_Down);
+  const auto ofGrid = std::count(told.begin(), told.end(), QString("gridKeyMap(0)"));
+  QAccessible::installUpdateHandler(before);
+  QAccessible::setActive(false);
+  EXPECT_LT(told.size(), 20U);
+  EXPECT_LE(ofGrid, 1) << "the grid behind the box";
+  EXPECT_TRUE(widget<QWidget>("txtKeyAssignment(0)")
+                  .accessibleName()
+                  .contains(form.gridKeyMap[0].Text(3, Column::Action).c_str()));
 }
 
 TEST_F(MainWindowTest, TheRowThatTheBoxesEditIsMarkedWhereverTheKeyboardIs) {

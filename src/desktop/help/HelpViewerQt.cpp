@@ -6,6 +6,7 @@
 #include <string>
 
 #include "desktop/QtText.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/Texts.h"
 #include "desktop/help/HelpWindow.h"
 #include "platform/Failure.h"
@@ -52,7 +53,7 @@ WindowHandle HelpViewerQt::HtmlHelpA(WindowHandle, std::string_view path, unsign
   shown = new HelpWindow(std::move(archive));
   shown->setAttribute(Qt::WA_DeleteOnClose);
   shown->ShowHomePage();
-  shown->show();
+  ShowFitted(*shown, shown->size());
   shown->activateWindow();
   return static_cast<WindowHandle>(shown->winId());
 }

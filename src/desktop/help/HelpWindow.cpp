@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyle>
@@ -82,8 +81,7 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
   const int character = fontMetrics().averageCharWidth();
   const int sideWidth = WidestTopic(*contents) + 5 * character;  // and its scroll bar
   const int pageWidth = character * 92;
-  resize(QSize(sideWidth + pageWidth, fontMetrics().height() * 40)
-             .boundedTo(screen()->availableSize()));
+  resize(sideWidth + pageWidth, fontMetrics().height() * 40);
   halves->setSizes({sideWidth, pageWidth});
 
   connect(contents, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
