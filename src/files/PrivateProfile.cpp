@@ -62,6 +62,11 @@ bool PrivateProfile::WritePrivateProfileStringA(std::string_view section, std::s
   return file.batches > 0 || Flush(path, file);
 }
 
+bool PrivateProfile::CanRead(std::string_view path) {
+  const File& file = Current(path);
+  return file.text && file.text->Understood();
+}
+
 void PrivateProfile::FlushBatches() {
   for (auto& [path, file] : files) Flush(path, *file);
 }
@@ -121,7 +126,9 @@ bool PrivateProfile::Flush(std::string_view path, File& file) {
   }
   const std::unique_ptr<ProfileText> text = std::exchange(file.text, nullptr);
   try {
-    if (text->Changed()) store.Replace(path, text->Text());
+    if (!text->Changed()) return true;
+    if (beforeWrite) beforeWrite();
+    store.Replace(path, text->Text());
     return true;
   } catch (const RuntimeFailure&) {
     return Miss(path);

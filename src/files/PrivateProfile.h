@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -41,10 +42,16 @@ class PrivateProfile {
   /// single writes would have left there.
   void FlushBatches();
 
+  /// Whether the keys of a file can be seen: it is there, can be opened and is no UTF-16.
+  bool CanRead(std::string_view path);
+
   /// The paths of the files that a write, in a batch or by itself, did not reach since the last
   /// call of `ForgetMissed`; each once.
   const std::vector<std::string>& Missed() const { return missed; }
   void ForgetMissed() { missed.clear(); }
+
+  /// Called right before a file is written.
+  std::function<void()> beforeWrite;
 
  private:
   friend class ProfileBatch;

@@ -35,6 +35,7 @@ class ProfileText {
   /// again.
   bool Set(std::string_view section, std::string_view key, std::string_view value);
 
+  bool Understood() const { return understood; }
   /// Whether the text differs from the bytes that it was made of.
   bool Changed() const { return differs; }
 

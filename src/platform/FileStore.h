@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -31,6 +32,12 @@ class OutputFile {
   virtual void Close() = 0;
 };
 
+/// Keeps other editors out of a folder while it lives.
+class FolderLock {
+ public:
+  virtual ~FolderLock() = default;
+};
+
 /// The operating system's files, as bytes. Paths are the system's own, in UTF-8, with backslashes
 /// ("C:\Telhost\a.cdh"). All operations but the questions throw RuntimeFailure.
 class FileStore {
@@ -60,6 +67,20 @@ class FileStore {
   virtual void Remove(std::string_view path, bool force) = 0;
   /// Makes one folder. Fails with 58 if something is there, with 76 if its parent is not.
   virtual void CreateFolder(std::string_view path) = 0;
+
+  /// Where a path really lies, as the machine's user would find it.
+  virtual std::string RealPath(std::string_view path) { return std::string(path); }
+  /// Whether a file may be written at present. Never fails.
+  virtual bool IsWritable(std::string_view path) { return KindOf(path) == Kind::file; }
+  /// Keeps other editors of this machine out of a folder, and the process from being ended in the
+  /// middle. Waits at most so long for one that is in it, and goes on without the lock then, and
+  /// where there is none to be had. A process that ends leaves none behind. Never fails.
+  virtual std::unique_ptr<FolderLock> Lock(std::string_view, std::chrono::milliseconds) {
+    return nullptr;
+  }
+  /// Removes what killed processes left behind of their replacing of files in a folder. Never
+  /// fails.
+  virtual void RemoveLeftovers(std::string_view) {}
 };
 
 }  // namespace dialwright

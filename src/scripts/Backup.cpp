@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "messages/FailureTrap.h"
 #include "platform/Failure.h"
+#include "scripts/EarlierVersions.h"
 #include "shell/Program.h"
+#include "shell/ScriptPaths.h"
 #include "shell/frmMain.h"
 #include "text/Text.h"
 
@@ -45,6 +48,20 @@ void Restore(Program& program, const std::string& name) {
   program.files.CopyFile(BackupFolder(program) + name, folder + name, true);
 }
 
+/// Keeps the scripts of each slot that a restore writes into, as they stand.
+void KeepSlotsOf(frmMain& form, const std::vector<std::string>& names) {
+  bool areKept = true;
+  for (int slot = 1; slot <= slotCount; ++slot) {
+    const std::vector<std::string> paths = PathsOfSlot(form, slot);
+    const bool isMeant = std::ranges::any_of(paths, [&](const std::string& path) {
+      return std::ranges::any_of(
+          names, [&](const std::string& name) { return EqualsIgnoringCase(name, FileName(path)); });
+    });
+    if (isMeant) areKept = KeepEarlierVersion(form.program, slot, paths) && areKept;
+  }
+  form.safety.notKept = !areKept;
+}
+
 }  // namespace
 
 void BackupScriptFiles(frmMain& form) {
@@ -68,10 +85,14 @@ bool RestoreScriptfiles(frmMain& form) {
   }
   const FailureTrap step{form.program, FailurePrefix::localized, "RestoreScriptfiles"};
   int restored = 0;
+  std::optional<ScriptLock> lock(program);
   step([&] {
-    for (const std::string& name : program.files.FileNames(BackupFolder(program)))
+    const std::vector<std::string> names = program.files.FileNames(BackupFolder(program));
+    KeepSlotsOf(form, names);
+    for (const std::string& name : names)
       if (IsScript(name) && step([&] { Restore(program, name); })) ++restored;
   });
+  lock.reset();
   program.MsgBox(std::to_string(restored) + program.mymyLoadString(1175));
   return true;
 }

@@ -1,5 +1,6 @@
 #include "shell/Program.h"
 
+#include <chrono>
 #include <utility>
 
 #include "platform/Failure.h"
@@ -28,7 +29,19 @@ Program::~Program() = default;
 MsgBoxAnswer Program::MsgBox(std::string_view text, MsgBoxButtons buttons, std::string_view title) {
   // While a box is up the user may look at the disk: what is written so far has to be there.
   profile.FlushBatches();
-  return services.messages.MsgBox(text, buttons, title);
+  scriptLock.reset();
+  const MsgBoxAnswer answer = services.messages.MsgBox(text, buttons, title);
+  TakeScriptLock();
+  return answer;
+}
+
+void Program::TakeScriptLock() {
+  // Another editor's work takes moments; one that hangs must not hold up everybody.
+  constexpr std::chrono::seconds patience{5};
+  if (scriptLocks == 0 || scriptLock) return;
+  const std::string& script = main->strMainMenuScript;
+  const std::size_t end = script.rfind('\\');
+  if (end != std::string::npos) scriptLock = services.files.Lock(script.substr(0, end), patience);
 }
 
 std::string Program::mymyLoadString(int number) { return language.mymyLoadString(number); }
@@ -53,6 +66,15 @@ frmAbout& Program::About() {
 }
 
 bool Program::AboutIsUp() const { return aboutBox && aboutBox->Shown; }
+
+ScriptLock::ScriptLock(Program& theProgram) : program(theProgram) {
+  ++program.scriptLocks;
+  program.TakeScriptLock();
+}
+
+ScriptLock::~ScriptLock() {
+  if (--program.scriptLocks == 0) program.scriptLock.reset();
+}
 
 void RequestExit(Program& program) {
   if (program.main->cmdSave.Enabled &&

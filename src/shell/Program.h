@@ -36,6 +36,8 @@ struct Services {
   ScriptChecksumFactory& checksums;
   Languages& languages;
   HelpViewer& help;
+  /// Where earlier versions of scripts are kept: a folder of the user's own. Empty: there is none.
+  std::string earlierFolder = {};
 };
 
 /// The card tool's start. A stock conversation's card is not of the form's key map.
@@ -88,7 +90,25 @@ class Program final : public Messages {
   std::unique_ptr<frmMain> main;
 
  private:
+  friend class ScriptLock;
+  void TakeScriptLock();
+
   std::unique_ptr<frmAbout> aboutBox;
+  int scriptLocks = 0;
+  std::unique_ptr<FolderLock> scriptLock;
+};
+
+/// While one lives no other editor saves, restores or loads scripts of the same folder. A message
+/// box lets others in for as long as it is up: nobody knows when it will be answered.
+class ScriptLock {
+ public:
+  explicit ScriptLock(Program& theProgram);
+  ~ScriptLock();
+  ScriptLock(const ScriptLock&) = delete;
+  ScriptLock& operator=(const ScriptLock&) = delete;
+
+ private:
+  Program& program;
 };
 
 /// The common way out: asks when there are unsaved changes, and ends the program with EndProgram.

@@ -55,4 +55,13 @@ void LoadScriptPaths(frmMain& form) {
     form.strSetupMenuScript = ExistingScript(program, names.setupMenu);
 }
 
+std::vector<std::string> PathsOfSlot(const frmMain& form, int slot) {
+  const std::string folder = form.program.server.strGetScriptPath();
+  const SlotFiles& names = slotFiles.at(static_cast<std::size_t>(slot - 1));
+  std::vector<std::string> paths{folder + std::string(names.mainMenu),
+                                 folder + std::string(names.messagePlayback)};
+  if (form.SSTab1.TabVisible(setupTab)) paths.push_back(folder + std::string(names.setupMenu));
+  return paths;
+}
+
 }  // namespace dialwright

@@ -13,6 +13,7 @@
 #include "controls/KeyGrid.h"
 #include "controls/TabStrip.h"
 #include "server/MeridVersion.h"
+#include "shell/FileSafety.h"
 #include "shell/SaveOutcome.h"
 
 namespace dialwright {
@@ -80,8 +81,9 @@ struct frmMain : Form {
   std::string strXMLKeyMapFile;
   Boolean16 bSingleKeyMap = false16;  ///< -1 while only the first slot is in use
   std::int16_t iKeyMapErrorCount = 0;
-  int loads = 0;            ///< how often the key map has come from its files
-  SaveOutcome lastSave;     ///< since the last load
+  int loads = 0;         ///< how often the key map has come from its files
+  SaveOutcome lastSave;  ///< since the last load
+  FileSafety safety;
   std::uintptr_t hWnd = 0;  ///< the window's handle, 0 without one
 
   /// The control of that name; null if there is none.

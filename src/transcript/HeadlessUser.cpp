@@ -4,6 +4,7 @@
 
 #include "platform/Failure.h"
 #include "shell/Program.h"
+#include "shell/events/BringBack.h"
 #include "shell/events/Lifecycle.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
@@ -119,6 +120,11 @@ Outcome HeadlessUser::Spin(bool up) {
   SpinButton& spin = At(form.UpDownMenuOrder, tab);
   const Outcome moved = MoveTo(spin);
   return moved == Outcome::done ? Use(up ? spin.UpClick : spin.DownClick) : moved;
+}
+
+Outcome HeadlessUser::Bring(int number) {
+  if (program.AboutIsUp()) return Outcome::refused;
+  return BringEarlierVersion(form, number) ? Outcome::done : Outcome::refused;
 }
 
 Outcome HeadlessUser::Close() {

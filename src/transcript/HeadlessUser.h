@@ -21,6 +21,7 @@ class HeadlessUser : public User {
   Outcome Type(std::string_view text, bool selectAll) override;
   Outcome Leave() override;
   Outcome Spin(bool up) override;
+  Outcome Bring(int number) override;
   Outcome Close() override;
 
  private:

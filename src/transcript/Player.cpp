@@ -128,6 +128,13 @@ const Player::Verb* Player::Find(const std::string& name) {
        [](Player& p, const Words&, const Given&) { ShowFonts(p.world.program, p.printer); }},
       {"saved", 1,
        [](Player& p, const Words&, const Given&) { ShowSaved(p.world.program, p.printer); }},
+      {"earlier", 1,
+       [](Player& p, const Words&, const Given&) { ShowEarlier(p.world.program, p.printer); }},
+      {"bring", 2,
+       [](Player& p, const Words& w, const Given&) {
+         const int number = WholeNumber(w[1]);
+         p.Act([&] { return p.user->Bring(number); });
+       }},
       {"cat", 2, [](Player& p, const Words& w, const Given&) { ShowFile(p.world, w); }},
       {"macros", 2, [](Player& p, const Words& w, const Given&) { ShowMacros(p.world, w); }},
       {"findings", 1,

@@ -35,6 +35,8 @@ class User {
   /// Moves the focus to the grid of the current tab.
   virtual Outcome Leave() = 0;
   virtual Outcome Spin(bool up) = 0;
+  /// Brings back an earlier version of the scripts, by its number in the list.
+  virtual Outcome Bring(int number) = 0;
   /// The close box.
   virtual Outcome Close() = 0;
 };

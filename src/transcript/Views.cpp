@@ -1,5 +1,6 @@
 #include "Views.h"
 
+#include "scripts/EarlierVersions.h"
 #include "scripts/SetupOptions.h"
 #include "shell/Program.h"
 #include "shell/frmAbout.h"
@@ -108,6 +109,15 @@ void ShowSaved(const Program& program, Printer& printer) {
   std::string line = "incomplete";
   for (const std::string& path : outcome.files) line += " " + Shown(path);
   printer.Line(line);
+}
+
+void ShowEarlier(const Program& program, Printer& printer) {
+  int number = 0;
+  for (const EarlierVersion& version : EarlierVersions(*program.main)) {
+    std::string line = std::to_string(++number) + " " + version.time;
+    for (const EarlierScript& script : version.scripts) line += " " + Shown(script.path);
+    printer.Line(line);
+  }
 }
 
 void ShowLanguages(Program& program, Printer& printer) {

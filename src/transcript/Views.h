@@ -20,6 +20,8 @@ void ShowText(Program& program, std::string_view name, Printer& printer);
 void ShowLanguages(Program& program, Printer& printer);
 /// What came of the last save.
 void ShowSaved(const Program& program, Printer& printer);
+/// The earlier versions of the slot, the newest first.
+void ShowEarlier(const Program& program, Printer& printer);
 void ShowFonts(const Program& program, Printer& printer);
 
 }  // namespace dialwright

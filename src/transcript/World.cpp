@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::int32_t englishLanguage = 1033;
 constexpr std::string_view programFolder = "C:\\Dialwright";
+/// The user's own data lie on a drive that neither the server nor the program has.
+constexpr std::string_view earlierFolder = "U:\\Dialwright\\Earlier";
 
 std::string LockKey(std::string_view path) { return LowerCase(path); }
 
@@ -65,6 +67,19 @@ void LockableFiles::Remove(std::string_view path, bool force) {
 }
 
 void LockableFiles::CreateFolder(std::string_view path) { files.CreateFolder(path); }
+
+std::string LockableFiles::RealPath(std::string_view path) { return files.RealPath(path); }
+
+bool LockableFiles::IsWritable(std::string_view path) {
+  return !IsLocked(path) && files.IsWritable(path);
+}
+
+std::unique_ptr<FolderLock> LockableFiles::Lock(std::string_view folder,
+                                                std::chrono::milliseconds patience) {
+  return files.Lock(folder, patience);
+}
+
+void LockableFiles::RemoveLeftovers(std::string_view folder) { files.RemoveLeftovers(folder); }
 
 MsgBoxAnswer ScriptedMessages::MsgBox(std::string_view text, MsgBoxButtons buttons,
                                       std::string_view title) {
@@ -140,10 +155,12 @@ World::World(Printer& output)
       checksums(files, output),
       languages(root, files, englishLanguage),
       help(output),
-      program(Services{files, registry, clock, processes, messages, checksums, languages, help},
+      program(Services{files, registry, clock, processes, messages, checksums, languages, help,
+                       std::string(earlierFolder)},
               std::string(programFolder), "Dialwright") {
   ConnectEvents(*program.main);
-  std::filesystem::create_directories(HostPath(programFolder));
+  for (const std::string_view folder : {programFolder, earlierFolder})
+    std::filesystem::create_directories(HostPath(folder));
 }
 
 World::~World() = default;

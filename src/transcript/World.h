@@ -39,6 +39,11 @@ class LockableFiles : public FileStore {
   void Copy(std::string_view from, std::string_view to, bool overwrite) override;
   void Remove(std::string_view path, bool force) override;
   void CreateFolder(std::string_view path) override;
+  std::string RealPath(std::string_view path) override;
+  bool IsWritable(std::string_view path) override;
+  std::unique_ptr<FolderLock> Lock(std::string_view folder,
+                                   std::chrono::milliseconds patience) override;
+  void RemoveLeftovers(std::string_view folder) override;
 
  private:
   bool IsLocked(std::string_view path) const;

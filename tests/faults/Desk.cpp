@@ -136,7 +136,8 @@ void Server::PutBack(const Files& files) {
 
 Desk::Desk(FileStore& store, std::string_view server)
     : files(store),
-      program(Services{store, registry, clock, processes, messages, checksums, languages, help},
+      program(Services{store, registry, clock, processes, messages, checksums, languages, help,
+                       R"(U:\Earlier)"},
               "C:\\Dialwright", "Dialwright") {
   ConnectEvents(*program.main);
   ReadRegistryFile(BytesOf(source / "sandbox" / server / "server.reg"), registry);

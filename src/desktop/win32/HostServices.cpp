@@ -7,15 +7,23 @@
 #include "platform/win32/LanguagesWin32.h"
 #include "platform/win32/ProcessesWin32.h"
 #include "platform/win32/RegistryWin32.h"
+#include "platform/win32/Win32Text.h"
 
 namespace dialwright {
 
 namespace {
 
+/// In the user's own data folder.
+std::string EarlierFolder() {
+  const wchar_t* data = _wgetenv(L"LOCALAPPDATA");
+  return data == nullptr ? std::string() : NarrowText(data) + "\\Dialwright\\Earlier";
+}
+
 class HostServicesWin32 : public HostServices {
  public:
   Services ServicesWith(MessageBoxes& messages) override {
-    return {files, registry, clock, processes, messages, checksums, languages, help};
+    return {files,     registry,  clock, processes,      messages,
+            checksums, languages, help,  EarlierFolder()};
   }
 
  private:

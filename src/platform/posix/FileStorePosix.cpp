@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/posix/DescriptorPosix.h"
+#include "platform/posix/FolderLockPosix.h"
 #include "platform/posix/HostPath.h"
 #include "platform/posix/ReplaceFilePosix.h"
 #include "text/Text.h"
@@ -177,6 +178,23 @@ void FileStorePosix::CreateFolder(std::string_view path) {
   if (mkdir(hostPath.c_str(), 0777) == 0) return;
   if (errno == ENOENT) throw RuntimeFailure(Failure::pathNotFound);
   ThrowErrno(errno, hostPath);
+}
+
+std::string FileStorePosix::RealPath(std::string_view path) { return HostPath(path); }
+
+bool FileStorePosix::IsWritable(std::string_view path) {
+  const std::string hostPath = HostPath(path);
+  const std::optional<Status> status = StatusOf(hostPath);
+  return IsFile(status) && !IsReadOnly(hostPath, *status);
+}
+
+std::unique_ptr<FolderLock> FileStorePosix::Lock(std::string_view folder,
+                                                 std::chrono::milliseconds patience) {
+  return LockFolder(HostPath(folder), patience);
+}
+
+void FileStorePosix::RemoveLeftovers(std::string_view folder) {
+  dialwright::RemoveLeftovers(HostPath(folder));
 }
 
 }  // namespace dialwright

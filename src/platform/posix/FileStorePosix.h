@@ -24,7 +24,8 @@ namespace dialwright {
 /// user attributes, which is flushed and renamed over the file (over the target of a symbolic
 /// link); the folder is flushed too. Where such a sibling cannot be made or renamed - the folder
 /// may not be written, or the file belongs to somebody else - the file is written in place, and the
-/// old bytes are put back if that fails half-way.
+/// old bytes are put back if that fails half-way. So it is where the disk has no room for a
+/// sibling: the file is not emptied first.
 ///
 /// A file with several hard links is replaced like any other: the path then has the new bytes, and
 /// the other names keep the old ones, whole. Writing in place would keep the link, but a crash in
@@ -47,6 +48,11 @@ class FileStorePosix : public FileStore {
   void Copy(std::string_view from, std::string_view to, bool overwrite) override;
   void Remove(std::string_view path, bool force) override;
   void CreateFolder(std::string_view path) override;
+  std::string RealPath(std::string_view path) override;
+  bool IsWritable(std::string_view path) override;
+  std::unique_ptr<FolderLock> Lock(std::string_view folder,
+                                   std::chrono::milliseconds patience) override;
+  void RemoveLeftovers(std::string_view folder) override;
 
  private:
   std::string root;

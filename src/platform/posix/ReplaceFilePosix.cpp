@@ -16,19 +16,24 @@
 namespace dialwright {
 namespace {
 
+constexpr const char* accessList = "system.posix_acl_access";
+
 // A temporary file beside the one to come; gone with its owner unless it was renamed.
 class Sibling {
  public:
   // The name does not grow with that of the file, which may be as long as names can be. One that is
   // there already is another program's at work, or was left by one that ended in the middle.
   Sibling(const std::string& hostPath, unsigned permissions) {
-    const std::string start = FolderOf(hostPath) + "/.dialwright-" + std::to_string(getpid()) + "-";
+    const std::string start =
+        FolderOf(hostPath) + "/" + std::string(siblingStart) + std::to_string(getpid()) + "-";
     for (int attempt = 0; attempt < 1000 && !file; ++attempt) {
       path = start + std::to_string(attempt);
       file = Descriptor::Open(path, O_WRONLY | O_CREAT | O_EXCL, permissions);
       error = file ? 0 : errno;
       if (error != EEXIST) break;
     }
+    // What a folder hands on to new files in it would open this one to others than its model.
+    if (file) fremovexattr(file.Number(), accessList);
   }
   ~Sibling() {
     if (file && !renamed) unlink(path.c_str());
@@ -50,14 +55,16 @@ class Sibling {
   bool renamed = false;
 };
 
-// Errors of a step that needs more than the file itself: the folder, or somebody else's rights.
+// Errors of a step that needs more than the file itself: the folder, somebody else's rights, or
+// room for a second one.
 bool MayTryInPlace(int error) {
-  return error == EACCES || error == EPERM || error == EROFS || error == EBUSY || error == EXDEV;
+  return error == EACCES || error == EPERM || error == EROFS || error == EBUSY || error == EXDEV ||
+         error == ENOSPC || error == EDQUOT;
 }
 
 // The access list and the user's attributes; the system sets its own for each new file.
 bool IsKept(std::string_view attribute) {
-  return attribute.starts_with("user.") || attribute == "system.posix_acl_access";
+  return attribute.starts_with("user.") || attribute == accessList;
 }
 
 std::vector<std::string> AttributeNames(int file) {
@@ -135,11 +142,22 @@ int WriteWhole(const Descriptor& file, std::string_view bytes) {
   return file.Flush();
 }
 
+int WriteBehind(const Descriptor& file, std::size_t size, std::string_view bytes) {
+  if (bytes.size() <= size) return 0;
+  if (lseek(file.Number(), static_cast<off_t>(size), SEEK_SET) < 0) return errno;
+  return file.Write(bytes.substr(size));
+}
+
 int ReplaceInPlace(const std::string& hostPath, std::string_view bytes) {
   const Descriptor file = Descriptor::Open(hostPath, O_RDWR);
   if (!file) return errno;
   std::string old;
   if (const int error = file.Read(old)) return error;
+  // What the file grows by comes first: without room for it nothing else has been touched.
+  if (const int error = WriteBehind(file, old.size(), bytes)) {
+    file.Truncate(old.size());
+    return error;
+  }
   const int error = WriteWhole(file, bytes);
   // The old bytes need no room that the file does not have; if this fails too, nothing more can be
   // done, and the first failure tells what happened.

@@ -5,6 +5,9 @@
 
 namespace dialwright {
 
+/// What the names of temporary files begin with; the number of their process and a hyphen follow.
+inline constexpr std::string_view siblingStart = ".dialwright-";
+
 /// Gives an existing file (the target itself, no link) new bytes as FileStorePosix tells. Throws
 /// RuntimeFailure.
 void ReplaceFile(const std::string& hostPath, std::string_view bytes);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/win32/FailureWin32.h"
+#include "platform/win32/FolderLockWin32.h"
 #include "platform/win32/HandleWin32.h"
 #include "platform/win32/ReplaceFileWin32.h"
 #include "platform/win32/Win32Text.h"
@@ -184,6 +185,34 @@ void FileStoreWin32::CreateFolder(std::string_view path) {
   if (CreateDirectoryW(WidePath(path).c_str(), nullptr)) return;
   if (GetLastError() == ERROR_FILE_NOT_FOUND) throw RuntimeFailure(Failure::pathNotFound);
   ThrowLastError();
+}
+
+bool FileStoreWin32::IsWritable(std::string_view path) {
+  try {
+    const std::wstring wide = WidePath(path);
+    RefuseReadOnly(wide);
+    return KindOf(path) == Kind::file &&
+           bool(HandleWin32::Open(wide, GENERIC_WRITE, OPEN_EXISTING));
+  } catch (const RuntimeFailure&) {
+    return false;
+  }
+}
+
+std::unique_ptr<FolderLock> FileStoreWin32::Lock(std::string_view folder,
+                                                 std::chrono::milliseconds patience) {
+  try {
+    return LockFolder(WidePath(folder), patience);
+  } catch (const RuntimeFailure&) {
+    return nullptr;
+  }
+}
+
+void FileStoreWin32::RemoveLeftovers(std::string_view folder) {
+  try {
+    dialwright::RemoveLeftovers(WidePath(folder));
+  } catch (const RuntimeFailure&) {
+    // What has no path has nothing left in it.
+  }
 }
 
 }  // namespace dialwright

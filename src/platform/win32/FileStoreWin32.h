@@ -19,7 +19,8 @@ namespace dialwright {
 /// access list, which is flushed and moved over the file (over the target of a symbolic link) in
 /// one step. Where such a sibling cannot be made or moved - the folder may not be written, the file
 /// belongs to somebody else, or a program that holds it open does not let it be renamed - the file
-/// is written in place, and the old bytes are put back if that fails half-way.
+/// is written in place, and the old bytes are put back if that fails half-way. So it is where the
+/// disk has no room for a sibling: the file is not emptied first.
 class FileStoreWin32 : public FileStore {
  public:
   Kind KindOf(std::string_view path) override;
@@ -31,6 +32,10 @@ class FileStoreWin32 : public FileStore {
   void Copy(std::string_view from, std::string_view to, bool overwrite) override;
   void Remove(std::string_view path, bool force) override;
   void CreateFolder(std::string_view path) override;
+  bool IsWritable(std::string_view path) override;
+  std::unique_ptr<FolderLock> Lock(std::string_view folder,
+                                   std::chrono::milliseconds patience) override;
+  void RemoveLeftovers(std::string_view folder) override;
 };
 
 }  // namespace dialwright

@@ -55,6 +55,12 @@ void HandleWin32::Write(std::string_view bytes) const {
   }
 }
 
+void HandleWin32::Overwrite(std::string_view bytes) const {
+  MoveToStart(handle);
+  Write(bytes);
+  if (!SetEndOfFile(handle)) ThrowLastError();
+}
+
 void HandleWin32::Empty() const {
   MoveToStart(handle);
   if (!SetEndOfFile(handle)) ThrowLastError();

@@ -32,6 +32,8 @@ class HandleWin32 {
   std::string ReadWhole() const;
   /// At the place where the last operation has ended.
   void Write(std::string_view bytes) const;
+  /// From the file's start, which is cut off behind the bytes once they are all there.
+  void Overwrite(std::string_view bytes) const;
   /// Cuts the file off at its start.
   void Empty() const;
   void Flush() const;

@@ -22,7 +22,7 @@ class Sibling {
   // middle. A copy brings the attributes and the named streams of its model.
   Sibling(const std::wstring& target, bool isModel) {
     const std::wstring start =
-        FolderOf(target) + L".dialwright-" + std::to_wstring(GetCurrentProcessId()) + L"-";
+        FolderOf(target) + siblingStart + std::to_wstring(GetCurrentProcessId()) + L"-";
     bool made = false;
     for (int attempt = 0; attempt < 1000 && !made; ++attempt) {
       path = start + std::to_wstring(attempt);
@@ -115,8 +115,7 @@ void ReplaceBySibling(const std::wstring& path, std::string_view bytes) {
 }
 
 void WriteWhole(const HandleWin32& file, std::string_view bytes) {
-  file.Empty();
-  file.Write(bytes);
+  file.Overwrite(bytes);
   file.Flush();
 }
 
@@ -143,7 +142,9 @@ void ReplaceWithBytes(const std::wstring& path, std::string_view bytes) {
   try {
     ReplaceBySibling(path, bytes);
   } catch (const RuntimeFailure& failure) {
-    if (failure.number != static_cast<int>(Failure::permissionDenied)) throw;
+    const bool mayTryInPlace = failure.number == static_cast<int>(Failure::permissionDenied) ||
+                               failure.number == static_cast<int>(Failure::diskFull);
+    if (!mayTryInPlace) throw;
     ReplaceInPlace(path, bytes);
   }
 }

@@ -5,6 +5,9 @@
 
 namespace dialwright {
 
+/// What the names of temporary files begin with; the number of their process and a hyphen follow.
+inline const std::wstring siblingStart = L".dialwright-";
+
 /// Gives an existing file (the target itself, no link) new bytes as FileStoreWin32 tells. Throws
 /// RuntimeFailure.
 void ReplaceWithBytes(const std::wstring& path, std::string_view bytes);

@@ -7,6 +7,7 @@
 #include "language/EnglishStrings.h"
 #include "platform/Failure.h"
 #include "scripts/KeyMapLoad.h"
+#include "scripts/ScriptWatch.h"
 #include "scripts/SetupOptions.h"
 #include "shell/FormTexts.h"
 #include "shell/Program.h"
@@ -83,6 +84,7 @@ void Form_Unload(frmMain& form, std::int16_t& Cancel) {
 }
 
 void LoadKeyMapInfo(frmMain& form) {
+  const ScriptLock lock(form.program);
   ++form.loads;
   form.lastSave = {};
   LoadMainMenuKeyMapInfo(form);
@@ -90,6 +92,7 @@ void LoadKeyMapInfo(frmMain& form) {
   LoadAfterMessageKeyMapInfo(form, {});
   LoadGlobalsKeyMapInfo(form);
   LoadSetupInfo(form);
+  NoteScripts(form);
 }
 
 void SSTab1_Click(frmMain& form) {

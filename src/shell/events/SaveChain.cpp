@@ -12,6 +12,7 @@
 #include "scripts/Backup.h"
 #include "scripts/Checksum.h"
 #include "scripts/KeyMapSave.h"
+#include "scripts/ScriptWatch.h"
 #include "scripts/SetupOptions.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
@@ -60,6 +61,37 @@ SaveOutcome UpdateChecksums(frmMain& form) {
   return outcome;
 }
 
+/// Writes the menus, in one replacement a script. Returns false if one was refused.
+bool WriteMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
+  const SlotBatch batch(form);
+  return SaveMenus(form, bCreateKeyDocument, second) && form.iKeyMapErrorCount == 0;
+}
+
+void RemoveLeftovers(frmMain& form) {
+  const std::string& script = form.strMainMenuScript;
+  for (const std::string& folder :
+       {script.substr(0, script.rfind('\\') + 1), form.program.folder + "\\Backup"})
+    form.program.services.files.RemoveLeftovers(folder);
+}
+
+/// All that a save writes into the scripts and their backup, with no other editor among them.
+/// Returns false if a menu was refused.
+bool WriteScripts(frmMain& form, bool bCreateKeyDocument, bool second) {
+  const ScriptLock lock(form.program);
+  RemoveLeftovers(form);
+  form.lastSave = {};
+  form.program.profile.ForgetMissed();
+  FirstWrite firstWrite(form);
+  const bool written = WriteMenus(form, bCreateKeyDocument, second);
+  form.Pointer = MousePointer::standard;
+  if (!written) return false;
+
+  firstWrite.IsNext();
+  form.lastSave = UpdateChecksums(form);
+  BackupScriptFiles(form);
+  return true;
+}
+
 void OfferDocuments(frmMain& form) {
   Program& program = form.program;
   const FailureTrap step{form.program, FailurePrefix::localized, "SaveKeyMapInfo"};
@@ -92,18 +124,7 @@ void SaveKeyMapInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   Program& program = form.program;
   form.iKeyMapErrorCount = 0;
   form.Pointer = MousePointer::hourglass;
-  form.lastSave = {};
-  program.profile.ForgetMissed();
-  bool saved = false;
-  {
-    const SlotBatch batch(form);
-    saved = SaveMenus(form, bCreateKeyDocument, second);
-  }
-  form.Pointer = MousePointer::standard;
-  if (!saved || form.iKeyMapErrorCount != 0) return;
-
-  form.lastSave = UpdateChecksums(form);
-  BackupScriptFiles(form);
+  if (!WriteScripts(form, bCreateKeyDocument, second)) return;
   if (form.chkGenerateHelp.Value() == 0 && form.chkGeneratePDF.Value() == 0)
     program.MsgBox(program.mymyLoadString(1023));
   else

@@ -56,6 +56,13 @@ class WorldDisk : public FileStore {
   }
   void Remove(std::string_view path, bool force) override { files.Remove(HostPath(path), force); }
   void CreateFolder(std::string_view path) override { files.CreateFolder(HostPath(path)); }
+  std::string RealPath(std::string_view path) override { return HostPath(path); }
+  bool IsWritable(std::string_view path) override { return files.IsWritable(HostPath(path)); }
+  std::unique_ptr<FolderLock> Lock(std::string_view path,
+                                   std::chrono::milliseconds patience) override {
+    return files.Lock(HostPath(path), patience);
+  }
+  void RemoveLeftovers(std::string_view path) override { files.RemoveLeftovers(HostPath(path)); }
 
   /// Where a path of the system really lies.
   std::string HostPath(std::string_view path) const;

@@ -19,6 +19,7 @@
 #include "desktop/SpinArrows.h"
 #include "platform/Failure.h"
 #include "shell/Program.h"
+#include "shell/events/BringBack.h"
 
 namespace dialwright {
 
@@ -208,6 +209,13 @@ Outcome WindowUser::Spin(bool up) {
   SpinButton& spin = At(form.UpDownMenuOrder, tab);
   auto& arrows = static_cast<SpinArrows&>(*Find(spin));
   return ClickOn(spin, up ? arrows.UpButton() : arrows.DownButton());
+}
+
+Outcome WindowUser::Bring(int number) {
+  if (MainIsBlocked()) return Outcome::refused;
+  bool isThere = false;
+  window.Entry().Run([&] { isThere = BringEarlierVersion(form, number); });
+  return Finished(isThere ? Outcome::done : Outcome::refused);
 }
 
 Outcome WindowUser::Close() {

@@ -27,6 +27,7 @@ class WindowUser : public User {
   Outcome Type(std::string_view text, bool selectAll) override;
   Outcome Leave() override;
   Outcome Spin(bool up) override;
+  Outcome Bring(int number) override;
   Outcome Close() override;
 
   MainWindow& Shown() { return window; }
