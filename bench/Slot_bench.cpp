@@ -1,10 +1,15 @@
-// Loading and saving a whole slot, beside a plain read and a plain copy of the same three files.
+// Loading and saving a whole slot, beside a plain read and a plain copy of the same three files,
+// and what stands beside the form.
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "Pairs.h"
+#include "beside/FindAction.h"
+#include "beside/Findings.h"
+#include "beside/Keypad.h"
+#include "beside/Trial.h"
 #include "shell/events/Lifecycle.h"
 #include "shell/frmMain.h"
 #include "transcript/World.h"
@@ -91,6 +96,31 @@ void Sizes(benchmark::internal::Benchmark* bench) {
   for (const std::int64_t size : {16L, 128L, 1024L, 10240L}) bench->Arg(size * kilobyte);
   bench->UseManualTime()->MinTime(1)->Unit(benchmark::kMicrosecond);
 }
+
+/// A look at the key map of the newest server, which has the most actions.
+template <class Look>
+void LookAt(benchmark::State& state, const Look& look) {
+  const Slot slot(16 * kilobyte);
+  for (auto each : state) benchmark::DoNotOptimize(look(slot.Form()));
+}
+
+void BesideFindings(benchmark::State& state) { LookAt(state, Findings); }
+void BesideKeypad(benchmark::State& state) {
+  LookAt(state, [](const frmMain& form) { return KeypadOf(EffectiveRows(form, headerGrid)); });
+}
+void BesideKey(benchmark::State& state) {
+  LookAt(state, [](const frmMain& form) {
+    std::string run;
+    return PressKey(EffectiveRows(form, headerGrid), run, '2');
+  });
+}
+void BesideSearch(benchmark::State& state) {
+  LookAt(state, [](const frmMain& form) { return FindActions(form, "message"); });
+}
+BENCHMARK(BesideFindings);
+BENCHMARK(BesideKeypad);
+BENCHMARK(BesideKey);
+BENCHMARK(BesideSearch);
 
 BENCHMARK(LoadSlot)->Apply(Sizes);
 BENCHMARK(SaveSlot)->Apply(Sizes);

@@ -64,6 +64,17 @@ def slots(build):
     return ours
 
 
+def beside(build):
+    """What stands beside the form: each step below a millisecond."""
+    out = subprocess.run([build / "bench/benchmarks", "--benchmark_filter=Beside", "--benchmark_format=json"],
+                         check=True, capture_output=True, text=True).stdout
+    names = {"BesideFindings": "findings of all menus", "BesideKeypad": "keypad of a menu",
+             "BesideKey": "a key pressed", "BesideSearch": "a search of all menus"}
+    for result in json.loads(out)["benchmarks"]:
+        time_us = result["cpu_time"] / 1000
+        row(names[result["name"]], "1000 us", f"{time_us:.0f} us", time_us / 1000, bar=1)
+
+
 def grown(script, size):
     text, line = b"[CONVERSATION]\r\n", 0
     while len(text) + len(script) < size:
@@ -128,6 +139,7 @@ def starts(build):
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     ours = slots(build)
+    beside(build)
     wine(build, ours)
     if (build / "bench/first-paint-editor").exists():
         starts(build)
