@@ -45,6 +45,33 @@ void FocusFilter::MirrorFocus() {
     present->clearFocus();
 }
 
+void FocusFilter::ComeBack() {
+  isStepping = true;
+  MirrorFocus();
+  isStepping = false;
+}
+
+void FocusFilter::GoTo(int grid, const std::string& token) {
+  if (form.SSTab1.Tab() != grid) StepToTab(grid);
+  if (form.SSTab1.Tab() != grid) return;
+  KeyGrid& keys = At(form.gridKeyMap, grid);
+  // To leave the box may sort the rows: what is meant is the action.
+  Step(keys, Qt::OtherFocusReason, [&keys, &token] {
+    for (int row = 1; row < keys.Rows(); ++row)
+      if (keys.Text(row, Column::ActionToken) == token) return keys.SetRow(row);
+  });
+}
+
+void FocusFilter::TypeKey(char key) {
+  const int tab = form.SSTab1.Tab();
+  if (tab >= gridCount) return;
+  EditBox& box = At(form.txtKeyAssignment, tab);
+  Step(box, Qt::OtherFocusReason, [&box, key] {
+    box.SelectAll();
+    box.TypeCharacter(std::string_view(&key, 1));
+  });
+}
+
 bool FocusFilter::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   const bool ours = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||

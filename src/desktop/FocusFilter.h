@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QKeyEvent;
@@ -31,6 +32,13 @@ class FocusFilter : public QObject {
 
   /// Gives the keyboard to the control that has the form's focus.
   void MirrorFocus();
+  /// A guest gives the keyboard back.
+  void ComeBack();
+
+  /// Goes to the tab of a grid and to the row that bears a token, as by clicks.
+  void GoTo(int grid, const std::string& token);
+  /// Types a key into the box of the current tab in place of what it holds.
+  void TypeKey(char key);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

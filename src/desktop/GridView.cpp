@@ -35,7 +35,9 @@ class RoomyCells : public QStyledItemDelegate {
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const int line = option.fontMetrics.height();
     const QString text = index.data(Qt::DisplayRole).toString();
-    return {option.fontMetrics.horizontalAdvance(text) + 3 * line / 2, 3 * line / 2};
+    // A key has its mark behind it, sooner or later.
+    const int mark = index.column() == static_cast<int>(Column::KeyAssignment) ? 3 * line / 2 : 0;
+    return {option.fontMetrics.horizontalAdvance(text) + 3 * line / 2 + mark, 3 * line / 2};
   }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -63,6 +65,18 @@ class RoomyCells : public QStyledItemDelegate {
     QStyledItemDelegate::initStyleOption(option, index);
     option->state |= QStyle::State_Active;
     if (!IsAnnounced(index)) option->palette.setColor(QPalette::Text, Quiet(option->palette));
+    const auto mark = static_cast<Mark>(index.data(KeyGridModel::markRole).toInt());
+    if (mark == Mark::none || index.column() != static_cast<int>(Column::KeyAssignment)) return;
+    // Never by colour alone: the mark stands behind the key.
+    const int side = option->fontMetrics.height();
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->icon = MarkIcon(mark, option->palette, side);
+    option->decorationSize = {side, side};
+    option->decorationPosition = QStyleOptionViewItem::Right;
+    option->decorationAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    if (mark != Mark::fault) return;
+    option->palette.setColor(QPalette::Text, FaultColour(option->palette));
+    option->font.setBold(true);
   }
 
  private:
@@ -143,6 +157,8 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QAbstractItemView::selectionChanged(selected, deselected);
 }
+
+void GridView::ShowMarks(std::vector<KeyGridModel::RowMark> marks) { texts.Show(std::move(marks)); }
 
 void GridView::Refresh() {
   const bool changed = texts.Refresh();

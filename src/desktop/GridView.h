@@ -17,6 +17,8 @@ class GridView : public QTableView {
   GridView(const KeyGrid& keyGrid, int gridNumber, QWidget* parent = nullptr);
 
   void Refresh();
+  /// Shows what is found at the rows.
+  void ShowMarks(std::vector<KeyGridModel::RowMark> marks);
 
   /// The grid's row at a place of the viewport, 0 where there is none.
   int RowAtPlace(QPoint place) const;

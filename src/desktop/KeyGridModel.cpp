@@ -40,6 +40,14 @@ bool KeyGridModel::Refresh() {
   return true;
 }
 
+bool KeyGridModel::Show(std::vector<RowMark> next) {
+  if (next == marks) return false;
+  marks = std::move(next);
+  if (!rows.empty())
+    emit dataChanged(index(0, 0), index(static_cast<int>(rows.size()) - 1, shownColumns - 1));
+  return true;
+}
+
 int KeyGridModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(rows.size());
 }
@@ -51,6 +59,11 @@ int KeyGridModel::columnCount(const QModelIndex& parent) const {
 QVariant KeyGridModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const auto row = static_cast<std::size_t>(index.row());
+  if (row < marks.size()) {
+    if (role == markRole) return static_cast<int>(marks[row].mark);
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
+      return marks[row].tip.isEmpty() ? QVariant() : marks[row].tip;
+  }
   if (role == announcedRole) return !AnnouncesActions(number) || places[row] != 0;
   if (index.column() == placeColumn) {
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignRight | Qt::AlignVCenter);

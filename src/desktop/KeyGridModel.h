@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/KeyGrid.h"
+#include "desktop/FaultMarks.h"
 
 namespace dialwright {
 
@@ -19,6 +20,17 @@ class KeyGridModel : public QAbstractTableModel {
   static constexpr int shownColumns = 3;
   /// Whether the telephone announces the row; true in a menu that announces nothing.
   static constexpr int announcedRole = Qt::UserRole;
+  /// How loud a finding at the row is, as a number of a Mark.
+  static constexpr int markRole = Qt::UserRole + 1;
+
+  /// What is found at a row: its mark, and the text that says why.
+  struct RowMark {
+    Mark mark = Mark::none;
+    QString tip;
+    friend bool operator==(const RowMark&, const RowMark&) = default;
+  };
+  /// Takes the marks of all rows over. Returns whether any has changed.
+  bool Show(std::vector<RowMark> next);
 
   /// `gridNumber` tells which menu it is.
   KeyGridModel(const KeyGrid& keyGrid, int gridNumber);
@@ -40,6 +52,7 @@ class KeyGridModel : public QAbstractTableModel {
   int number;
   Texts heading;
   std::vector<Texts> rows;
+  std::vector<RowMark> marks;
   std::vector<int> places;  ///< counted from 1; 0 for a row that is not announced
 };
 

@@ -3,13 +3,16 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/AboutDialog.h"
+#include "desktop/BesideViews.h"
 #include "desktop/FocusFilter.h"
+#include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
@@ -36,7 +39,10 @@ MainWindow::MainWindow(Program& theProgram)
   column->setSpacing(10);
   tabs = new QTabWidget;
   bottom = new QHBoxLayout;
-  column->addWidget(tabs, 1);
+  middle = new QHBoxLayout;
+  middle->setSpacing(10);
+  middle->addWidget(tabs, 1);
+  column->addLayout(middle, 1);
   column->addLayout(bottom);
   setCentralWidget(centre);
 
@@ -44,6 +50,8 @@ MainWindow::MainWindow(Program& theProgram)
   BuildBottom();
   menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { Pick(item); });
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
+  beside = std::make_unique<BesideViews>(form, *this, views, *focus);
+  middle->addWidget(&beside->Panel());
   SetTabOrders();
   ListenToControls();
   form.hWnd = static_cast<std::uintptr_t>(winId());
@@ -153,6 +161,7 @@ void MainWindow::Refresh() {
   PlaceDocuments();
   views.Refresh();
   menus->Refresh();
+  beside->Refresh();
   focus->MirrorFocus();
 }
 
@@ -169,8 +178,11 @@ void MainWindow::Open() {
   const QSize wanted = centralWidget()->sizeHint();
   const int tabsWidth =
       tabs->tabBar()->sizeHint().width() + wanted.width() - tabs->sizeHint().width();
-  ShowFitted(*this,
-             QSize(std::max(wanted.width(), tabsWidth) * 9 / 8, fontMetrics().height() * 42));
+  int width = std::max(wanted.width(), tabsWidth) * 9 / 8;
+  beside->ShowPanelWhereItFits(width, screen()->availableSize().width());
+  if (beside->Panel().isVisibleTo(this))
+    width += beside->Panel().sizeHint().width() + middle->spacing();
+  ShowFitted(*this, QSize(width, fontMetrics().height() * 42));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -13,6 +13,7 @@ class QTabWidget;
 namespace dialwright {
 
 class AboutDialog;
+class BesideViews;
 class FocusFilter;
 class Menus;
 class Program;
@@ -59,9 +60,11 @@ class MainWindow : public QMainWindow {
   ControlViews views;
   std::unique_ptr<FocusFilter> focus;
   std::unique_ptr<Menus> menus;
+  std::unique_ptr<BesideViews> beside;
   std::unique_ptr<AboutDialog> about;
   QTabWidget* tabs = nullptr;
   SetupPage* setup = nullptr;
+  QHBoxLayout* middle = nullptr;
   QHBoxLayout* bottom = nullptr;
   QWidget* documents = nullptr;
   bool documentsOnSetup = false;

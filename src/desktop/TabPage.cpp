@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "desktop/ControlViews.h"
+#include "desktop/FindingLine.h"
 #include "desktop/GridView.h"
 #include "desktop/KeyEdit.h"
 #include "desktop/PaneScroll.h"
@@ -114,6 +115,7 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   keyColumn->addWidget(keyLabel);
   keyColumn->addLayout(keyRow);
   keyColumn->addWidget(keyNote);
+  keyColumn->addWidget(new FindingLine(form, index));
 
   auto* pane = new QWidget;
   auto* edits = new QVBoxLayout(pane);

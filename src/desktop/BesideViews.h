@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QPointer>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "beside/Findings.h"
+#include "desktop/FaultMarks.h"
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace dialwright {
+
+class ControlViews;
+class FindLine;
+class FocusFilter;
+class KeypadPanel;
+
+/// What the window shows beside the form: the marks of findings in rows and tabs and under the key
+/// box, the keypad, the search, and the menu that leads to them. At each refresh it derives all of
+/// it anew.
+class BesideViews {
+ public:
+  BesideViews(frmMain& mainForm, QMainWindow& mainWindow, ControlViews& controlViews,
+              FocusFilter& focusFilter);
+
+  void Refresh();
+
+  /// The panel, for its place in the window.
+  KeypadPanel& Panel() { return *panel; }
+  /// Shows the panel if a screen has the room for it beside a window of that width.
+  void ShowPanelWhereItFits(int windowWidth, int screenWidth);
+
+  /// Asks for an action and goes there.
+  void FindAnAction();
+
+ private:
+  void BuildMenu();
+  QAction& AddItem(QMenu& to, const char* name, int text, const char* keys,
+                   std::function<void()> run);
+  void GoTo(int grid, const std::string& token);
+  void GoToFinding(int direction);
+  void MarkRows();
+  void MarkTabs();
+  void ShowLines();
+  QString Word(int number) const;
+
+  frmMain& form;
+  QMainWindow& window;
+  ControlViews& views;
+  FocusFilter& focus;
+  KeypadPanel* panel;
+  QMenu* menu = nullptr;
+  QAction* keypadItem = nullptr;
+  std::map<QAction*, int> texts;
+  std::vector<Finding> findings;
+  QPointer<FindLine> findLine;
+};
+
+}  // namespace dialwright
