@@ -22,8 +22,8 @@ using namespace dialwright;
 namespace fs = std::filesystem;
 
 /// Small enough to stand beside the text of a page.
-constexpr QSize windowSize(720, 470);
-constexpr int fontHeight = 11;
+constexpr QSize windowSize(720, 490);
+constexpr int fontHeight = 10;
 
 std::string BytesOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
