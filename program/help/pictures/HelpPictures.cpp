@@ -1,7 +1,12 @@
 // Draws the pictures of the help from the real window: help_pictures LANGUAGE FOLDER, the language
 // by the code of its library.
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
+#include <QEnterEvent>
 #include <QFont>
+#include <QTest>
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -22,8 +27,11 @@ using namespace dialwright;
 namespace fs = std::filesystem;
 
 /// Small enough to stand beside the text of a page.
-constexpr QSize windowSize(720, 490);
+constexpr QSize windowSize(740, 500);
 constexpr int fontHeight = 10;
+/// The room that the keypad takes beside the tabs, and what it lacks below.
+constexpr int panelWidth = 290;
+constexpr int panelExtra = 90;
 
 std::string BytesOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -54,6 +62,13 @@ class Scene {
     Speak(code);
   }
 
+  template <class Kind>
+  Kind& Part(const char* name) {
+    auto* part = window.findChild<Kind*>(name);
+    if (part == nullptr) throw std::runtime_error(std::string("nothing is called ") + name);
+    return *part;
+  }
+
   /// A picture of a part of the window, or of the whole.
   void Take(QWidget& part, const std::string& name) {
     QApplication::processEvents();
@@ -79,17 +94,55 @@ class Scene {
 };
 
 void TakeTabs(Scene& scene) {
-  constexpr const char* names[] = {"main", "header", "body", "footer", "after", "globals", "setup"};
-  for (const int tab : {0, 2, 4, 5, 6}) {
+  constexpr std::pair<int, const char*> tabs[] = {
+      {mainMenuGrid, "tab-main"},   {bodyGrid, "tab-body"},  {afterMessageGrid, "tab-after"},
+      {globalsGrid, "tab-globals"}, {setupTab, "tab-setup"},
+  };
+  for (const auto& [tab, name] : tabs) {
     scene.user.Tab(tab);
-    scene.Take(scene.window, std::string("tab-") + names[tab]);
+    scene.Take(scene.window, name);
   }
+}
+
+/// A key that another row has, just typed.
+void TakeFindings(Scene& scene) {
+  scene.user.Tab(mainMenuGrid);
+  scene.user.Row(mainMenuGrid, "MENU_SAVED");
+  scene.user.Type("1", true);
+  scene.Take(scene.window, "findings");
+  scene.user.Type("3", true);
+}
+
+void TakeKeypad(Scene& scene) {
+  scene.user.Tab(afterMessageGrid);
+  auto& panel = scene.Part<QWidget>("keypadPanel");
+  scene.Part<QAction>("mnuKeypad").trigger();
+  scene.window.resize(windowSize + QSize(panelWidth, panelExtra));
+  auto& pointed = scene.Part<QAbstractButton>("key(1)");
+  QEnterEvent enters({}, {}, {});
+  QApplication::sendEvent(&pointed, &enters);
+  scene.Take(panel, "keypad");
+  scene.Part<QAction>("mnuTryKeys").trigger();
+  for (const char key : {'7', '3', '1', '4', '5'}) QTest::keyClick(&pointed, key);
+  scene.Take(panel, "trying");
+  scene.Part<QAction>("mnuTryKeys").trigger();
+  scene.Part<QAction>("mnuKeypad").trigger();
+}
+
+void TakeSearch(Scene& scene) {
+  scene.Part<QAction>("mnuFindAction").trigger();
+  QTest::keyClicks(&scene.Part<QWidget>("findLine"), "7");
+  scene.Take(scene.Part<QWidget>("findAction"), "find");
+  scene.Part<QDialog>("findAction").reject();
 }
 
 void TakePictures(const std::string& code, const fs::path& folder) {
   Scene scene(code, folder);
   scene.window.resize(windowSize);
   TakeTabs(scene);
+  TakeFindings(scene);
+  TakeKeypad(scene);
+  TakeSearch(scene);
 }
 
 }  // namespace
