@@ -11,9 +11,14 @@ void Control::PropertyChanged() const {
 
 void CheckBox::SetValue(int next) {
   if (next == value) return;
+  PutBack(next);
+  if (Click) Click();
+}
+
+void CheckBox::PutBack(int next) {
+  if (next == value) return;
   value = next;
   if (changed) changed();
-  if (Click) Click();
 }
 
 }  // namespace dialwright

@@ -65,6 +65,8 @@ struct MenuItem : Control {
 struct CheckBox : Control {
   int Value() const { return value; }
   void SetValue(int next);
+  /// Puts a value back, or in place, without the click handler.
+  void PutBack(int next);
 
   std::function<void()> Click;
 

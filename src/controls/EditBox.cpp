@@ -9,7 +9,21 @@ void EditBox::SetText(std::string_view next) {
   text = limit == 0 ? next : FirstCharacters(next, limit);
   SelStart = 0;
   SelLength = 0;
+  typed = false;
   if (changed) changed();
+}
+
+void EditBox::PutBack(std::string_view next, std::size_t start, std::size_t length, bool wasTyped) {
+  text = next;
+  SelStart = start;
+  SelLength = length;
+  typed = wasTyped;
+  if (changed) changed();
+}
+
+void EditBox::PressKey(int keyAscii) {
+  typed = true;
+  if (KeyPress) KeyPress(keyAscii);
 }
 
 void EditBox::SelectAll() {
@@ -25,14 +39,14 @@ void EditBox::MoveToEnd() {
 
 void EditBox::TypeCharacter(std::string_view character) {
   // The classic handler is given the character's code; only the first byte tells ASCII from others.
-  if (KeyPress) KeyPress(static_cast<unsigned char>(character.front()));
+  PressKey(static_cast<unsigned char>(character.front()));
   const auto limit = static_cast<std::size_t>(MaxLength());
   if (limit != 0 && CharacterCount(text) - SelLength + 1 > limit) return;
   ReplaceSelection(character);
 }
 
 void EditBox::TypeBackspace() {
-  if (KeyPress) KeyPress(keyBackspace);
+  PressKey(keyBackspace);
   if (SelLength == 0) {
     if (SelStart == 0) return;
     --SelStart;
@@ -43,6 +57,7 @@ void EditBox::TypeBackspace() {
 
 void EditBox::TextEdited(std::string_view next) {
   text = next;
+  typed = true;
   MoveToEnd();
 }
 

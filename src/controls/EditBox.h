@@ -26,6 +26,14 @@ struct EditBox : Control {
   void MoveToEnd();
   /// The text as a window's own editing has left it, after the key press handler has run.
   void TextEdited(std::string_view next);
+  /// A user's key, before it changes the text: runs the key press handler.
+  void PressKey(int keyAscii);
+  /// Whether the user has typed since the text was given or last went into the grid.
+  bool Typed() const { return typed; }
+  /// The text has gone into the grid.
+  void TakeOver() { typed = false; }
+  /// Puts back a text as it stood, with its selection, whatever the maximum length is.
+  void PutBack(std::string_view next, std::size_t start, std::size_t length, bool wasTyped);
 
   /// The longest text that may be typed or given, in characters; 0 is no limit. A lower limit
   /// leaves the text as it is.
@@ -41,6 +49,7 @@ struct EditBox : Control {
   void ReplaceSelection(std::string_view with);
 
   std::string text;
+  bool typed = false;
 };
 
 }  // namespace dialwright

@@ -16,12 +16,19 @@ bool Focus::MoveByUser(Control& to) {
     bool cancel = false;
     if (box->Validate) box->Validate(cancel);
     if (cancel) return false;
-    if (!Reachable(to)) return false;
-    if (box->LostFocus) box->LostFocus();
+    const bool reachable = Reachable(to);
+    if (reachable && box->LostFocus) box->LostFocus();
+    TakeOver(*box);
+    if (!reachable) return false;
   }
   if (!Reachable(to)) return false;
   Set(&to);
   return true;
+}
+
+void Focus::TakeOver(EditBox& box) const {
+  box.TakeOver();
+  if (boxLeft) boxLeft(box);
 }
 
 void Focus::Give(Control& to) {

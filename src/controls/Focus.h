@@ -5,6 +5,7 @@
 namespace dialwright {
 
 struct Control;
+struct EditBox;
 struct TabStrip;
 
 /// Which control of a form has the focus. The form's rules about edit boxes hang on it: a user's
@@ -34,9 +35,12 @@ class Focus {
   void TabChanged();
 
   std::function<void()> changed;  ///< for whoever shows the form
+  /// For what stands beside the form: a user's step has validated a box, and its text is taken.
+  std::function<void(const EditBox&)> boxLeft;
 
  private:
   void Set(Control* next);
+  void TakeOver(EditBox& box) const;
 
   const TabStrip& tabs;
   Control* active = nullptr;

@@ -63,6 +63,13 @@ void KeyGrid::SetRow(int row) {
   if (AfterRowColChange) AfterRowColChange(previous, keyColumn, row, keyColumn);
 }
 
+void KeyGrid::PutBack(std::vector<Cells> dataRows, int row) {
+  dataRows.insert(dataRows.begin(), rows.front());
+  rows = std::move(dataRows);
+  current = row > 0 && row < Rows() ? row : 0;
+  Notify();
+}
+
 void KeyGrid::MoveRow(int row, int place) {
   if (row < 1 || row >= Rows() || place < 1 || place >= Rows()) return;
   const auto first = rows.begin() + std::min(row, place);

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,12 @@ class KeyGrid : public Control {
   /// that is not there changes nothing.
   void SetRow(int row);
   bool HasRowInHand() const { return current > 0; }
+
+  /// The data rows, in order.
+  std::span<const Cells> DataRows() const { return std::span(rows).subspan(1); }
+  /// Replaces all data rows and the current row at once; no handler runs. A row that is not there
+  /// leaves none in hand.
+  void PutBack(std::vector<Cells> dataRows, int row);
 
   /// Moves a data row to another data row's place, those between moving up. The current row number
   /// stays, and no handler runs. Places that are not there change nothing.

@@ -5,13 +5,17 @@
 namespace dialwright {
 
 void TabStrip::SetTab(int tab) {
-  if (tab < 0 || tab >= tabCount || !TabVisible(tab) || tab == current) return;
   const int previous = current;
+  PutBack(tab);
+  if (current != previous && Click) Click(previous);
+}
+
+void TabStrip::PutBack(int tab) {
+  if (tab < 0 || tab >= tabCount || !TabVisible(tab) || tab == current) return;
   current = tab;
   ++turns;
   if (HomeFocus != nullptr) HomeFocus->TabChanged();
   if (changed) changed();
-  if (Click) Click(previous);
 }
 
 void TabStrip::SetTabVisible(int tab, bool visible) {

@@ -20,6 +20,9 @@ struct TabStrip : Control {
   /// The choice of a tab that is not there changes nothing.
   void SetTab(int tab);
 
+  /// The same without the click handler.
+  void PutBack(int tab);
+
   bool TabVisible(int tab) const { return At(tab).visible; }
   void SetTabVisible(int tab, bool visible);
   const std::string& TabCaption(int tab) const { return At(tab).caption; }

@@ -89,9 +89,7 @@ void ControlViews::Join(EditBox& box, KeyEdit& widget) {
   AddPart(box, widget, {}, true);
   Show([&widget] { widget.Refresh(); });
   widget.keyPress = [this, &box](int keyAscii) {
-    act(box, [&box, keyAscii] {
-      if (box.KeyPress) box.KeyPress(keyAscii);
-    });
+    act(box, [&box, keyAscii] { box.PressKey(keyAscii); });
   };
   widget.textTyped = [this, &box, &widget](const QString& text) {
     act(box, [&box, &text, &widget] {

@@ -17,6 +17,7 @@ void Dispatch::end() {
 
 bool Dispatch::Perform(const std::function<void()>& work) {
   if (over) return false;
+  if (depth == 0 && !goesOn && stepBegins) stepBegins();
   ++depth;
   try {
     work();

@@ -22,6 +22,11 @@ class Dispatch {
   /// What has ended the program, if it was not the user.
   std::exception_ptr Failure() const { return thrown; }
 
+  /// Called where a step of the user begins.
+  std::function<void()> stepBegins;
+  /// Whether the next work belongs to the step of the work before, as what a button does when the
+  /// mouse that has pressed it is released.
+  bool goesOn = false;
   /// Called after each piece of work: the moment to show what it has changed.
   std::function<void()> afterWork;
 

@@ -77,6 +77,7 @@ bool FocusFilter::eventFilter(QObject* watched, QEvent* event) {
   const bool ours = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
                     type == QEvent::KeyPress || type == QEvent::Shortcut || type == QEvent::Wheel;
   if (!ours || !watched->isWidgetType()) return false;
+  entry.goesOn = false;
   auto* widget = static_cast<QWidget*>(watched);
   if (widget->window() != &window) return false;
   switch (type) {
@@ -103,7 +104,10 @@ bool FocusFilter::Press(QWidget* widget, QMouseEvent* event) {
     return true;
   }
   if (event->button() != Qt::LeftButton && !part->anyButton) return false;
-  if (!part->actionAt) return !Step(*part->control, Qt::MouseFocusReason);
+  if (!part->actionAt) {
+    entry.goesOn = Step(*part->control, Qt::MouseFocusReason);
+    return !entry.goesOn;
+  }
   Step(*part->control, Qt::MouseFocusReason, part->actionAt(event->position().toPoint()));
   return true;
 }
@@ -248,7 +252,11 @@ bool FocusFilter::Mnemonic(QWidget* widget, QShortcutEvent* event) {
   if (!target) return qobject_cast<QGroupBox*>(widget) != nullptr;
   // Of two controls with one letter the key only chooses, as it does everywhere.
   const bool moved = Step(*target->control, Qt::ShortcutFocusReason);
-  if (moved && target->action && !event->isAmbiguous()) target->action();
+  if (moved && target->action && !event->isAmbiguous()) {
+    entry.goesOn = true;
+    target->action();
+    entry.goesOn = false;
+  }
   return true;
 }
 

@@ -155,6 +155,18 @@ void KeyEdit::paste(QClipboard::Mode mode) {
     keyPress(keyPaste);
 }
 
+bool KeyEdit::event(QEvent* event) {
+  // What is typed here is taken back as one step, by the menu's keys.
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto& key = static_cast<QKeyEvent&>(*event);
+    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+      event->ignore();
+      return true;
+    }
+  }
+  return QLineEdit::event(event);
+}
+
 void KeyEdit::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Paste)) {
     paste(QClipboard::Clipboard);

@@ -27,6 +27,7 @@ class KeyEdit : public QLineEdit {
   void Replace(const QString& wanted);
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;

@@ -9,8 +9,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "beside/StepNames.h"
 #include "desktop/AboutDialog.h"
 #include "desktop/BesideViews.h"
+#include "desktop/EditMenu.h"
 #include "desktop/FocusFilter.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
@@ -28,6 +30,7 @@ namespace dialwright {
 MainWindow::MainWindow(Program& theProgram)
     : program(theProgram),
       form(*theProgram.main),
+      history(form),
       views([this](Control& control, const ControlViews::Action& action) {
         entry.Run([&] {
           if (form.focus.Reachable(control) && form.focus.MoveByUser(control)) action();
@@ -49,6 +52,7 @@ MainWindow::MainWindow(Program& theProgram)
   BuildTabs();
   BuildBottom();
   menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { Pick(item); });
+  editMenu = std::make_unique<EditMenu>(form, history, *menuBar(), entry);
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
   beside = std::make_unique<BesideViews>(form, *this, views, *focus);
   middle->addWidget(&beside->Panel());
@@ -151,6 +155,7 @@ void MainWindow::ListenToControls() {
     about = std::make_unique<AboutDialog>(box, entry, this);
     about->holdsUp = aboutHoldsUp;
   };
+  entry.stepBegins = [this] { history.StepBegins(); };
   entry.afterWork = [this] {
     Refresh();
     if (about) about->Refresh();
@@ -162,11 +167,13 @@ void MainWindow::Refresh() {
   views.Refresh();
   menus->Refresh();
   beside->Refresh();
+  editMenu->Refresh();
   focus->MirrorFocus();
 }
 
 void MainWindow::Pick(MenuItem& item) {
   entry.Run([&] {
+    history.NameStep(ItemStepName(form, item));
     if (item.Offered() && item.Enabled && item.Click) item.Click();
   });
 }

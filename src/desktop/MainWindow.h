@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "beside/History.h"
 #include "desktop/ControlViews.h"
 #include "desktop/Dispatch.h"
 
@@ -14,6 +15,7 @@ namespace dialwright {
 
 class AboutDialog;
 class BesideViews;
+class EditMenu;
 class FocusFilter;
 class Menus;
 class Program;
@@ -37,6 +39,8 @@ class MainWindow : public QMainWindow {
   void Refresh();
 
   Dispatch& Entry() { return entry; }
+  /// What the user has done to the key map.
+  History& Steps() { return history; }
   /// The about box, once it has been opened.
   AboutDialog* AboutBox() { return about.get(); }
 
@@ -56,11 +60,13 @@ class MainWindow : public QMainWindow {
 
   Program& program;
   frmMain& form;
+  History history;
   Dispatch entry;
   ControlViews views;
   std::unique_ptr<FocusFilter> focus;
   std::unique_ptr<Menus> menus;
   std::unique_ptr<BesideViews> beside;
+  std::unique_ptr<EditMenu> editMenu;
   std::unique_ptr<AboutDialog> about;
   QTabWidget* tabs = nullptr;
   SetupPage* setup = nullptr;

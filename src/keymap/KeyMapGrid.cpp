@@ -10,8 +10,6 @@ namespace dialwright {
 
 namespace {
 
-constexpr int orderStep = 10;
-
 bool IsVoicedMenu(int grid) {
   return grid == mainMenuGrid || grid == afterMessageGrid || grid == globalsGrid;
 }

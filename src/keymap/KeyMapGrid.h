@@ -9,6 +9,9 @@ struct frmMain;
 /// The order of an action that is not voiced in its menu.
 inline constexpr std::string_view notVoiced = "99999";
 
+/// Voiced actions are numbered in these steps.
+inline constexpr int orderStep = 10;
+
 /// Adds a row at the end of a grid, with key and order trimmed. Adds nothing, silently, when the
 /// order is neither empty nor a number, or there is no such grid.
 void AddKeyToGrid(frmMain& form, int grid, std::string_view key, std::string_view order,

@@ -64,6 +64,10 @@ void SaveSetupInfo(frmMain& form) {
 
 void chkMAIN_MESSAGE_SETTINGS_Click(frmMain& form) {
   form.cmdSave.Enabled = true;
+  EnableMessageOptions(form);
+}
+
+void EnableMessageOptions(frmMain& form) {
   const bool offered = form.chkMAIN_MESSAGE_SETTINGS.Value() == 1;
   for (CheckBox* box : {&form.chkMESSAGE_FAX, &form.chkMESSAGE_MENU_STYLE,
                         &form.chkMESSAGE_NOTIFICATION, &form.chkMESSAGE_PRIVATE_LISTS})

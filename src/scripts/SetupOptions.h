@@ -28,5 +28,7 @@ void LoadSetupInfo(frmMain& form);
 void SaveSetupInfo(frmMain& form);
 
 void chkMAIN_MESSAGE_SETTINGS_Click(frmMain& form);
+/// Enables the boxes of the message settings menu while that menu is offered.
+void EnableMessageOptions(frmMain& form);
 
 }  // namespace dialwright

@@ -74,6 +74,9 @@ class Program final : public Messages {
   std::function<void(frmAbout&)> aboutCreated;
   /// For whoever tells about cards: called once the card tool has been started, or could not be.
   std::function<void(const CardStart&)> cardStarted;
+  /// For what stands beside the form: called behind the writing of a save that no rule
+  /// refused, with what came of it in the form.
+  std::function<void()> keyMapSaved;
 
   Services services;
   std::string folder;

@@ -1,7 +1,9 @@
 #include "BesideViews.h"
 
 #include "beside/Findings.h"
+#include "beside/History.h"
 #include "beside/Keypad.h"
+#include "scripts/SetupOptions.h"
 #include "shell/Program.h"
 
 namespace dialwright {
@@ -62,6 +64,33 @@ void ShowMatches(const std::vector<Match>& matches, Printer& printer) {
   for (const Match& match : matches)
     printer.Line(std::to_string(++number) + " " + std::to_string(match.grid) + " " +
                  match.row.token + " " + Shown(match.row.key));
+}
+
+void ShowChanges(History& history, Printer& printer) {
+  for (const Change& change : history.Changes()) {
+    const std::string grid = std::to_string(change.grid) + " ";
+    switch (change.kind) {
+      case Change::Kind::key:
+        printer.Line(grid + change.token + " key " + Shown(change.before) + " " +
+                     Shown(change.now));
+        break;
+      case Change::Kind::voiced:
+        printer.Line(grid + change.token + " voiced");
+        break;
+      case Change::Kind::silent:
+        printer.Line(grid + change.token + " silent");
+        break;
+      case Change::Kind::order:
+        printer.Line(grid + "order");
+        break;
+      case Change::Kind::box: {
+        const frmMain& form = history.TheForm();
+        printer.Line((form.*SetupOptions()[change.option].box).Name + " " + change.before + " " +
+                     change.now);
+        break;
+      }
+    }
+  }
 }
 
 }  // namespace dialwright

@@ -30,7 +30,8 @@ Outcome ClickInAbout(frmAbout& about, std::string_view name) {
 
 }  // namespace
 
-HeadlessUser::HeadlessUser(Program& theProgram) : program(theProgram), form(*theProgram.main) {}
+HeadlessUser::HeadlessUser(Program& theProgram) 
+    : program(theProgram), form(*theProgram.main), history(form) {}
 
 Outcome HeadlessUser::MoveTo(Control& control) {
   if (!form.focus.Reachable(control)) return Outcome::refused;
@@ -39,6 +40,7 @@ Outcome HeadlessUser::MoveTo(Control& control) {
 }
 
 Outcome HeadlessUser::Click(std::string_view name) {
+  history.StepBegins();
   if (program.AboutIsUp()) return ClickInAbout(program.About(), name);
   Control* control = form.Find(name);
   if (const auto* item = dynamic_cast<MenuItem*>(control))
@@ -50,6 +52,7 @@ Outcome HeadlessUser::Click(std::string_view name) {
 }
 
 Outcome HeadlessUser::Set(std::string_view name, int value) {
+  history.StepBegins();
   auto* box = dynamic_cast<CheckBox*>(form.Find(name));
   if (box == nullptr || program.AboutIsUp() || !form.focus.Reachable(*box)) return Outcome::refused;
   if (box->Value() == value) return Outcome::done;
@@ -59,6 +62,7 @@ Outcome HeadlessUser::Set(std::string_view name, int value) {
 }
 
 Outcome HeadlessUser::Tab(int tab) {
+  history.StepBegins();
   if (program.AboutIsUp() || tab < 0 || tab >= TabStrip::tabCount || !form.SSTab1.TabVisible(tab))
     return Outcome::refused;
   const Outcome moved = MoveTo(form.SSTab1);
@@ -67,6 +71,7 @@ Outcome HeadlessUser::Tab(int tab) {
 }
 
 Outcome HeadlessUser::Row(int grid, int row) {
+  history.StepBegins();
   if (program.AboutIsUp() || grid < 0 || grid >= gridCount) return Outcome::refused;
   KeyGrid& keys = At(form.gridKeyMap, grid);
   if (row < 1 || row >= keys.Rows()) return Outcome::refused;
@@ -76,6 +81,7 @@ Outcome HeadlessUser::Row(int grid, int row) {
 }
 
 Outcome HeadlessUser::Row(int grid, std::string_view token) {
+  history.StepBegins();
   if (program.AboutIsUp() || grid < 0 || grid >= gridCount) return Outcome::refused;
   KeyGrid& keys = At(form.gridKeyMap, grid);
   const auto rowOf = [&] {
@@ -90,6 +96,7 @@ Outcome HeadlessUser::Row(int grid, std::string_view token) {
 }
 
 Outcome HeadlessUser::Type(std::string_view text, bool selectAll) {
+  history.StepBegins();
   const int tab = form.SSTab1.Tab();
   if (program.AboutIsUp() || tab >= gridCount) return Outcome::refused;
   EditBox& box = At(form.txtKeyAssignment, tab);
@@ -109,12 +116,14 @@ Outcome HeadlessUser::Type(std::string_view text, bool selectAll) {
 }
 
 Outcome HeadlessUser::Leave() {
+  history.StepBegins();
   const int tab = form.SSTab1.Tab();
   if (program.AboutIsUp() || tab >= gridCount) return Outcome::refused;
   return MoveTo(At(form.gridKeyMap, tab));
 }
 
 Outcome HeadlessUser::Spin(bool up) {
+  history.StepBegins();
   const int tab = form.SSTab1.Tab();
   if (program.AboutIsUp() || tab >= gridCount) return Outcome::refused;
   SpinButton& spin = At(form.UpDownMenuOrder, tab);
@@ -123,11 +132,26 @@ Outcome HeadlessUser::Spin(bool up) {
 }
 
 Outcome HeadlessUser::Bring(int number) {
+  history.StepBegins();
   if (program.AboutIsUp()) return Outcome::refused;
   return BringEarlierVersion(form, number) ? Outcome::done : Outcome::refused;
 }
 
+Outcome HeadlessUser::Edit(bool (History::*command)()) {
+  history.StepBegins();
+  return !program.AboutIsUp() && (history.*command)() ? Outcome::done : Outcome::refused;
+}
+
+Outcome HeadlessUser::Undo() { return Edit(&History::Undo); }
+
+Outcome HeadlessUser::Redo() { return Edit(&History::Redo); }
+
+Outcome HeadlessUser::Revert() { return Edit(&History::Revert); }
+
+History& HeadlessUser::Steps() { return history; }
+
 Outcome HeadlessUser::Close() {
+  history.StepBegins();
   if (program.AboutIsUp()) return Outcome::refused;
   std::int16_t cancel = 0;
   Form_Unload(form, cancel);

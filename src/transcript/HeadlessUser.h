@@ -1,6 +1,7 @@
 #pragma once
 
 #include "User.h"
+#include "beside/History.h"
 
 namespace dialwright {
 
@@ -22,13 +23,21 @@ class HeadlessUser : public User {
   Outcome Leave() override;
   Outcome Spin(bool up) override;
   Outcome Bring(int number) override;
+  Outcome Undo() override;
+  Outcome Redo() override;
+  Outcome Revert() override;
+  History& Steps() override;
   Outcome Close() override;
 
  private:
   Outcome MoveTo(Control& control);
 
+  /// What the menu Edit does.
+  Outcome Edit(bool (History::*command)());
+
   Program& program;
   frmMain& form;
+  History history;
 };
 
 }  // namespace dialwright

@@ -4,6 +4,8 @@
 
 namespace dialwright {
 
+class History;
+
 /// What became of a user's step.
 enum class Outcome {
   done,
@@ -37,6 +39,12 @@ class User {
   virtual Outcome Spin(bool up) = 0;
   /// Brings back an earlier version of the scripts, by its number in the list.
   virtual Outcome Bring(int number) = 0;
+  /// The menu Edit: take back, do again, and the row in hand as it was.
+  virtual Outcome Undo() = 0;
+  virtual Outcome Redo() = 0;
+  virtual Outcome Revert() = 0;
+  /// The history of what this user does.
+  virtual History& Steps() = 0;
   /// The close box.
   virtual Outcome Close() = 0;
 };

@@ -88,6 +88,7 @@ bool WriteScripts(frmMain& form, bool bCreateKeyDocument, bool second) {
 
   firstWrite.IsNext();
   form.lastSave = UpdateChecksums(form);
+  if (form.program.keyMapSaved) form.program.keyMapSaved();
   BackupScriptFiles(form);
   return true;
 }

@@ -218,6 +218,18 @@ Outcome WindowUser::Bring(int number) {
   return Finished(isThere ? Outcome::done : Outcome::refused);
 }
 
+Outcome WindowUser::PickBeside(const char* name) {
+  return MainIsBlocked() ? Outcome::refused : Pick(*window.findChild<QAction*>(name));
+}
+
+Outcome WindowUser::Undo() { return PickBeside("mnuUndo"); }
+
+Outcome WindowUser::Redo() { return PickBeside("mnuRedo"); }
+
+Outcome WindowUser::Revert() { return PickBeside("mnuRevertRow"); }
+
+History& WindowUser::Steps() { return window.Steps(); }
+
 Outcome WindowUser::Close() {
   if (MainIsBlocked()) return Outcome::refused;
   window.close();

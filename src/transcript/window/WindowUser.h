@@ -28,6 +28,10 @@ class WindowUser : public User {
   Outcome Leave() override;
   Outcome Spin(bool up) override;
   Outcome Bring(int number) override;
+  Outcome Undo() override;
+  Outcome Redo() override;
+  Outcome Revert() override;
+  History& Steps() override;
   Outcome Close() override;
 
   MainWindow& Shown() { return window; }
@@ -35,6 +39,8 @@ class WindowUser : public User {
  private:
   Outcome ClickInAbout(std::string_view name);
   Outcome Pick(QAction& action);
+  /// Picks an item of a menu that stands beside the form's own.
+  Outcome PickBeside(const char* name);
   Outcome ClickPlace(int grid, int row);
   /// A click on a widget that a control has there, with the focus going to the control first.
   Outcome ClickOn(Control& control, QWidget& part, QPoint place);
