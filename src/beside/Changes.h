@@ -48,6 +48,8 @@ struct Change {
   std::string token;         ///< of the row
   std::string before, now;   ///< the keys; "0" or "1" of a setup box
   std::size_t option = 0;    ///< the setup box's row of the setup table
+
+  friend bool operator==(const Change&, const Change&) = default;
 };
 
 /// What differs, by grid and then by the order of the rows now; a row that is no longer there comes

@@ -152,9 +152,9 @@ void History::SetSave() {
                          last == SaveOutcome::Kind::incomplete;
 }
 
-bool History::CanUndo() {
+std::size_t History::Depth() {
   Settle();
-  return done > 0;
+  return done;
 }
 
 bool History::CanRedo() {

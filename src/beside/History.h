@@ -36,7 +36,9 @@ class History {
   /// Names the present step, if it cannot be told from what it changes.
   void NameStep(std::string name) { stepName = std::move(name); }
 
-  bool CanUndo();
+  /// How many steps could be taken back.
+  std::size_t Depth();
+  bool CanUndo() { return Depth() > 0; }
   bool CanRedo();
   /// What would be taken back, or done again, in the language of the moment; empty if nothing.
   std::string UndoName();

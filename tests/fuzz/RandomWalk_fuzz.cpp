@@ -1,7 +1,8 @@
 // Plays random steps of a user at a whole program, chosen by the bytes, and looks at what always
 // holds: a row has one token, once; voiced orders are 10, 20, 30, ...; a refused section's keys are
 // untouched; nothing of a file changes but the keys of section MACROS and the checksum line; the
-// derived lists are what their plain definition gives.
+// derived lists are what their plain definition gives; all steps undone and done again show the form as
+// it stood on the way there.
 
 #include <algorithm>
 #include <cstdio>
@@ -12,6 +13,7 @@
 #include "ScriptText.h"
 #include "scripts/SetupOptions.h"
 #include "transcript/HeadlessUser.h"
+#include "transcript/Views.h"
 
 namespace {
 
@@ -102,10 +104,14 @@ class Walk {
     checkGrids();
     for (int steps = 0; !bytes.empty() && steps < 50; ++steps) {
       const int tab = form.SSTab1.Tab();
-      Step(tab);
+      const std::string before = Picture();
+      const bool typed = IsTyped();
+      const bool ofMenu = Step(tab);
+      NoteEntries(before, typed, ofMenu);
       if (tab < gridCount) checkGrid(static_cast<std::size_t>(tab));
     }
     checkGrids();
+    WalkBackAndForth();
   }
 
  private:
@@ -125,8 +131,67 @@ class Walk {
   /// Notes a step, as a transcript has it.
   void Did(const std::string& words) { played += "> " + words + "\n"; }
 
-  void Step(int tab) {
-    const std::size_t kind = next(16);
+  /// All that taking back puts back.
+  std::string Picture() const {
+    std::string picture = "tab " + std::to_string(form.SSTab1.Tab()) + "\n";
+    Printer lines;
+    for (int grid = 0; grid < gridCount; ++grid) {
+      ShowGrid(desk.program, grid, true, lines);
+      ShowEdit(desk.program, grid, lines);
+    }
+    for (const SetupOption& option : SetupOptions())
+      lines.Line(std::to_string((form.*option.box).Value()) +
+                 ((form.*option.box).Enabled ? " on" : " off"));
+    for (const std::string& line : lines.lines) picture += line + "\n";
+    return picture;
+  }
+
+  bool IsTyped() const { return std::ranges::any_of(form.txtKeyAssignment, &EditBox::Typed); }
+
+  /// Keeps how the form stood right before and right behind each entry of the history; nothing
+  /// where that was in the middle of a step, as behind a text that another step has left.
+  void NoteEntries(const std::string& before, bool typed, bool ofMenu) {
+    const bool left = typed && !IsTyped() && !ofMenu;
+    if (loads != form.loads) {
+      entries.clear();
+      hasSaved = false;
+    }
+    loads = form.loads;
+    const std::size_t depth = user.Steps().Depth();
+    if (left && !entries.empty()) entries.back().after.clear();
+    const bool goesOn = typed && IsTyped() && !ofMenu && depth == entries.size();
+    if (goesOn && !entries.empty()) entries.back().after = Picture();
+    while (entries.size() > depth) entries.pop_back();
+    while (entries.size() < depth)
+      entries.push_back(left || entries.size() + 1 < depth ? Entry{} : Entry{before, Picture()});
+  }
+
+  /// Undoes all that can be undone and does it again: the form stands as it stood on the way there,
+  /// and nothing is written.
+  void WalkBackAndForth() {
+    const Files files = store.All();
+    const std::vector<Change> changes = user.Steps().Changes();
+    while (user.Undo() == Outcome::done) {
+      const std::size_t depth = user.Steps().Depth();
+      Did("undo");
+      if (!entries.at(depth).before.empty() && entries.at(depth).before != Picture())
+        Fail("not as it was:\n" + entries.at(depth).before + "but\n" + Picture());
+    }
+    if (!hasSaved && (!user.Steps().Changes().empty() || form.cmdSave.Enabled))
+      Fail("changes after all was taken back");
+    while (user.Redo() == Outcome::done) {
+      const std::size_t depth = user.Steps().Depth();
+      Did("redo");
+      if (!entries.at(depth - 1).after.empty() && entries.at(depth - 1).after != Picture())
+        Fail("not as it became:\n" + entries.at(depth - 1).after + "but\n" + Picture());
+    }
+    if (user.Steps().Changes() != changes) Fail("other changes after all was done again");
+    if (store.All() != files) Fail("written by taking back");
+  }
+
+  /// Returns whether the step was a pick of a menu item, which does not leave a box.
+  bool Step(int tab) {
+    const std::size_t kind = next(17);
     if (kind < 2) {
       const int to = number(7);
       Did("tab " + std::to_string(to));
@@ -166,13 +231,20 @@ class Walk {
       firstTokens.clear();                                      // other keys, other rows
       checkFiles(name == "mnuRestoreScripts" ? noSection : 0);  // the others write nothing
       checkGrids();
+      return true;
+    } else if (kind == 16) {
+      Did("revert");
+      user.Revert();
+      return true;
     } else if (form.cmdSave.Enabled) {
       Did("answer Yes\n> click cmdSave");
       save();
     }
+    return false;
   }
 
   void save() {
+    hasSaved = true;
     desk.messages.answers = {MsgBoxAnswer::Yes};
     desk.printer.lines.clear();
     // The edit box may keep the focus.
@@ -254,6 +326,13 @@ class Walk {
   std::string played;
   std::map<std::string, ScriptText> parsed;
   std::map<std::size_t, std::set<std::string>> firstTokens;
+
+  struct Entry {
+    std::string before, after;
+  };
+  std::vector<Entry> entries;
+  int loads = 0;
+  bool hasSaved = false;  ///< since the last load
 };
 
 }  // namespace
