@@ -1,6 +1,10 @@
 // Loading and saving a whole slot, beside a plain read and a plain copy of the same three files,
 // and what stands beside the form.
 
+#include <malloc.h>
+
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -12,6 +16,7 @@
 #include "beside/Trial.h"
 #include "shell/events/Lifecycle.h"
 #include "shell/frmMain.h"
+#include "transcript/HeadlessUser.h"
 #include "transcript/World.h"
 
 namespace dialwright {
@@ -121,6 +126,32 @@ BENCHMARK(BesideFindings);
 BENCHMARK(BesideKeypad);
 BENCHMARK(BesideKey);
 BENCHMARK(BesideSearch);
+
+/// A day's work: that many keys typed, each a step of its own. What the history of it takes, and the
+/// slowest step back.
+void BesideHistory(benchmark::State& state) {
+  constexpr int edits = 5000;
+  Slot slot(16 * kilobyte);
+  HeadlessUser user(slot.world.program);
+  const auto bytesInUse = [] { return static_cast<double>(mallinfo2().uordblks); };
+  const double before = bytesInUse();
+  for (int edit = 0; edit < edits; ++edit) {
+    user.Row(mainMenuGrid, 1 + edit % (slot.Form().gridKeyMap[mainMenuGrid].Rows() - 1));
+    user.Type(std::to_string(100 + edit % 900), true);
+  }
+  if (user.Steps().Depth() < edits) state.SkipWithError("not every edit is an entry");
+  state.counters["megabytes"] = (bytesInUse() - before) / (1 << 20);
+  double slowest = 0;
+  for (auto each : state) {
+    const auto start = std::chrono::steady_clock::now();
+    if (user.Undo() != Outcome::done) user.Redo();
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    slowest = std::max(slowest, time.count());
+    state.SetIterationTime(time.count());
+  }
+  state.counters["slowest_us"] = slowest * 1e6;
+}
+BENCHMARK(BesideHistory)->Iterations(4000)->UseManualTime();
 
 BENCHMARK(LoadSlot)->Apply(Sizes);
 BENCHMARK(SaveSlot)->Apply(Sizes);
