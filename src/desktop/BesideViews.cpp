@@ -151,6 +151,8 @@ void BesideViews::MarkTabs() {
     });
     const bool marked = !bar.tabIcon(grid).isNull();
     const QString tip = faults == 0 ? QString() : Word(1406).arg(faults);
+    if (const QSize side(MarkSide(bar), MarkSide(bar)); bar.iconSize() != side)
+      bar.setIconSize(side);
     if (marked != (faults != 0))
       bar.setTabIcon(grid,
                      faults == 0 ? QIcon() : MarkIcon(Mark::fault, bar.palette(), MarkSide(bar)));

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -29,6 +30,7 @@ FindLine::FindLine(const frmMain& mainForm, GoTo goTo, QWidget* parent)
   list->setObjectName("findResults");
   list->setRootIsDecorated(false);
   list->setUniformRowHeights(true);
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list->setAlternatingRowColors(true);
   list->setFocusPolicy(Qt::NoFocus);
   const KeyGrid& grid = At(form.gridKeyMap, mainMenuGrid);
@@ -43,7 +45,7 @@ FindLine::FindLine(const frmMain& mainForm, GoTo goTo, QWidget* parent)
   connect(list, &QTreeWidget::itemClicked, this, [this] { accept(); });
 
   const int letter = fontMetrics().averageCharWidth();
-  resize(std::min(parent->width() - 4 * letter, 90 * letter),
+  resize(std::min(parent->screen()->availableSize().width(), 110 * letter),
          std::min(parent->height() * 2 / 3, 24 * fontMetrics().height()));
   move(parent->mapToGlobal(QPoint((parent->width() - width()) / 2, 4 * letter)));
   Search({});

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTextLayout>
 
 #include "desktop/FaultMarks.h"
 
@@ -37,7 +38,7 @@ QSize KeyButton::sizeHint() const {
 }
 
 QSize KeyButton::minimumSizeHint() const {
-  return {fontMetrics().averageCharWidth() * 13, fontMetrics().height() * 10 / 3};
+  return {fontMetrics().averageCharWidth() * 7, fontMetrics().height() * 10 / 3};
 }
 
 void KeyButton::paintEvent(QPaintEvent*) {
@@ -104,15 +105,29 @@ void KeyButton::PaintTexts(QPainter& painter, const QRectF& body) const {
     MarkIcon(Mark::fault, colours, side).paint(&painter, QRect(place.toPoint(), QSize(side, side)));
   }
   painter.setPen(face.state == KeyState::clash ? FaultColour(colours) : text);
-  const QRectF place = inside.adjusted(0, line, 0, 0);
-  const QFontMetricsF metrics(small);
-  const bool twoLines = place.height() >= 2 * metrics.height();
-  QString label = face.label;
-  if (!twoLines || metrics.horizontalAdvance(label) <= place.width())
-    label = metrics.elidedText(label, Qt::ElideRight, place.width());
-  else
-    label = metrics.elidedText(label, Qt::ElideRight, place.width() * 1.8);
-  painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, label);
+  PaintLabel(painter, inside.adjusted(0, line, 0, 0));
+}
+
+void KeyButton::PaintLabel(QPainter& painter, const QRectF& place) const {
+  const QFontMetricsF metrics(painter.font());
+  QTextOption wrap;
+  wrap.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextLayout layout(face.label, painter.font());
+  layout.setTextOption(wrap);
+  layout.beginLayout();
+  QTextLine first = layout.createLine();
+  if (first.isValid()) first.setLineWidth(place.width());
+  layout.endLayout();
+  const bool isOneLine = place.height() < 2 * metrics.height();
+  const qsizetype rest = first.isValid() && !isOneLine ? first.textLength() : 0;
+  const QRectF top(place.topLeft(), QSizeF(place.width(), metrics.height()));
+  const auto draw = [&](const QRectF& line, const QString& text) {
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     metrics.elidedText(text, Qt::ElideRight, place.width()));
+  };
+  if (rest == 0) return draw(top, face.label);
+  draw(top, face.label.left(rest).trimmed());
+  draw(top.translated(0, metrics.height()), face.label.mid(rest));
 }
 
 void KeyButton::enterEvent(QEnterEvent* event) {
@@ -136,13 +151,12 @@ void KeyButton::focusOutEvent(QFocusEvent* event) {
 }
 
 void KeyButton::keyPressEvent(QKeyEvent* event) {
-  // Arrows, digits and Esc are the panel's.
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
     click();
   else if (event->key() == Qt::Key_Space)
     QAbstractButton::keyPressEvent(event);
-  else
-    event->ignore();
+  else if (otherKey)
+    otherKey(*event);
 }
 
 }  // namespace dialwright

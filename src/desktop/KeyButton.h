@@ -25,6 +25,8 @@ class KeyButton : public QAbstractButton {
 
   std::function<void(bool)> pointedAt;  ///< the pointer or the keyboard has come, or has gone
 
+  std::function<void(QKeyEvent&)> otherKey;  ///< a key that does not press the button
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -38,6 +40,8 @@ class KeyButton : public QAbstractButton {
 
  private:
   void PaintBody(QPainter& painter, const QRectF& body) const;
+  /// The label on two lines at most.
+  void PaintLabel(QPainter& painter, const QRectF& place) const;
   void PaintTexts(QPainter& painter, const QRectF& body) const;
 
   char key;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -81,6 +82,8 @@ QWidget* KeypadPanel::BuildTelephone() {
     connect(button, &QWidget::customContextMenuRequested, this, [this, button, i](QPoint at) {
       if (!trying) OfferMenu(keypad[i], button->mapToGlobal(at));
     });
+    // Not by the way of its parents: what scrolls among them would take the arrows.
+    button->otherKey = [this](QKeyEvent& event) { keyPressEvent(&event); };
     button->pointedAt = [this, button](bool here) {
       pointed = here ? button->Key() : '\0';
       ShowSequences();
@@ -110,7 +113,6 @@ QWidget* KeypadPanel::BuildTelephone() {
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setWidget(telephone);
-  scroll->setMinimumWidth(telephone->minimumSizeHint().width() + 8);
   return scroll;
 }
 
@@ -130,6 +132,17 @@ QListWidget* KeypadPanel::BuildList(const QString& name) {
   connect(list, &QListWidget::itemClicked, this, chosen);
   connect(list, &QListWidget::itemActivated, this, chosen);
   return list;
+}
+
+QSize KeypadPanel::sizeHint() const { return {WidthOf(buttons.front()->sizeHint()), 0}; }
+
+QSize KeypadPanel::minimumSizeHint() const {
+  return {WidthOf(buttons.front()->minimumSizeHint()), QWidget::minimumSizeHint().height()};
+}
+
+int KeypadPanel::WidthOf(QSize key) const {
+  constexpr int around = 30;
+  return columns * key.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + around;
 }
 
 QString KeypadPanel::Word(int number) const { return ToQt(form.program.mymyLoadString(number)); }
@@ -252,17 +265,21 @@ void KeypadPanel::OfferMenu(const KeypadKey& key, const QPoint& place) {
   for (const std::vector<int>* part : {&chosen.exact, &chosen.longer})
     for (const int row : *part) {
       QString text = RowText(rows[static_cast<std::size_t>(row - 1)]);
-      menu.addAction(text.replace("&", "&&"), this, [this, row] { GoToRow(row); });
+      menu.addAction(text.replace("&", "&&"))->setData(row);
     }
   const KeyGrid& grid = At(form.gridKeyMap, form.SSTab1.Tab());
   if (chosen.state == KeyState::free && grid.HasRowInHand()) {
     QString text =
         Word(1397).arg(QChar(chosen.key)).arg(ToQt(grid.Text(grid.Row(), Column::Action)));
-    QAction* give =
-        menu.addAction(text.replace("&", "&&"), this, [this, chosen] { does.typeKey(chosen.key); });
-    give->setObjectName("giveKey");
+    menu.addAction(text.replace("&", "&&"))->setObjectName("giveKey");
   }
-  if (!menu.isEmpty()) menu.exec(place);
+  // What is chosen is done once the menu is gone and has given the keyboard back.
+  const QAction* action = menu.isEmpty() ? nullptr : menu.exec(place);
+  if (action == nullptr) return;
+  if (action->data().isValid())
+    GoToRow(action->data().toInt());
+  else
+    does.typeKey(chosen.key);
 }
 
 void KeypadPanel::TakeKeyboard() {

@@ -39,6 +39,9 @@ class KeypadPanel : public QWidget {
   void Try(bool on);
   bool IsTrying() const { return trying; }
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -58,6 +61,8 @@ class KeypadPanel : public QWidget {
   void Tell(const std::vector<Happening>& happened);
   void GoToRow(int row);
   KeyButton* ButtonWithKeyboard() const;
+  /// With three keys of that size side by side.
+  int WidthOf(QSize key) const;
   QString Word(int number) const;
 
   frmMain& form;
