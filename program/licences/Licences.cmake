@@ -7,6 +7,7 @@ set(notices
   fontbox libfontbox2-java
   commons-logging libcommons-logging-java
   qt qt6-base-dev
+  qt-translations qt6-translations-l10n
   libchm libchm-dev)
 if(WIN32)
   list(APPEND notices mingw-w64 mingw-w64-x86-64-dev gcc gcc-mingw-w64-base)

@@ -1,6 +1,7 @@
 #include "desktop/AboutDialog.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCursor>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -11,6 +12,8 @@
 #include "desktop/Pictures.h"
 #include "desktop/QtText.h"
 #include "desktop/Texts.h"
+#include "desktop/Translations.h"
+#include "shell/Program.h"
 
 namespace dialwright {
 
@@ -20,7 +23,7 @@ AboutDialog::AboutDialog(frmAbout& aboutForm, Dispatch& dispatch, QWidget* paren
       entry(dispatch),
       views([this](Control&, const ControlViews::Action& action) { entry.RunInModalBox(action); }) {
   setObjectName(ToQt(form.Name));
-  setModal(true);
+  setWindowModality(Qt::WindowModal);
   Build();
   form.runModal = [this] { RunUntilHidden(); };
   form.changed = [this] {
@@ -99,6 +102,7 @@ void AboutDialog::Build() {
   connect(language, &QPushButton::clicked, this, [this] { ShowLanguages(); });
 
   languages = new QMenu(this);
+  oneLanguage = new QActionGroup(this);
   languages->setObjectName(ToQt(form.mnuSelectLanguage.Name));
 }
 
@@ -107,6 +111,8 @@ void AboutDialog::AddNewLanguages() {
     if (items.contains(item.get())) continue;
     QAction* action = languages->addAction(QString());
     action->setObjectName(ToQt(item->Name));
+    action->setCheckable(true);
+    oneLanguage->addAction(action);
     connect(action, &QAction::triggered, this, [this, language = item.get()] {
       entry.RunInModalBox([language] { language->Click(); });
     });
@@ -121,9 +127,13 @@ void AboutDialog::Refresh() {
   if (auto* language = findChild<QPushButton*>(ToQt(form.lblChangeLanguage.Name)))
     language->setText(ToQt(form.lblChangeLanguage.Caption));
   languages->setTitle(ToQt(form.mnuSelectLanguage.Caption));
-  for (const auto& [item, action] : items) {
-    action->setText(ToQt(item->Caption));
-    action->setFont(LanguageFont(item->Font));
+  const std::string code = LanguageInForce(form.program);
+  const std::string inForce = std::to_string(GetLanguageId(code));  // of no code, that of English
+  for (const auto& language : form.mnuLanguageList) {
+    QAction* action = items.at(language.get());
+    action->setText(ToQt(language->Caption));
+    action->setFont(LanguageFont(language->Font));
+    action->setChecked(language->Tag == inForce);
   }
 }
 

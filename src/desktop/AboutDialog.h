@@ -7,6 +7,7 @@
 #include "shell/frmAbout.h"
 
 class QAction;
+class QActionGroup;
 class QMenu;
 
 namespace dialwright {
@@ -37,6 +38,7 @@ class AboutDialog : public QDialog {
   Dispatch& entry;
   ControlViews views;
   QMenu* languages = nullptr;
+  QActionGroup* oneLanguage = nullptr;
   std::map<const MenuItem*, QAction*> items;
 };
 

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "keymap/Announced.h"
+#include "beside/Announced.h"
 
 namespace dialwright {
 

@@ -1,7 +1,7 @@
 #include "desktop/KeyGridModel.h"
 
+#include "beside/Announced.h"
 #include "desktop/QtText.h"
-#include "keymap/Announced.h"
 
 namespace dialwright {
 

@@ -19,8 +19,10 @@
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
 #include "desktop/SetupPage.h"
+#include "desktop/Spoken.h"
 #include "desktop/TabPage.h"
 #include "desktop/Texts.h"
+#include "desktop/Translations.h"
 #include "shell/Program.h"
 #include "shell/events/Lifecycle.h"
 #include "shell/frmMain.h"
@@ -37,6 +39,7 @@ MainWindow::MainWindow(Program& theProgram)
         });
       }) {
   setObjectName(ToQt(form.Name));
+  translations = std::make_unique<Translations>(program);
   auto* centre = new QWidget;
   auto* column = new QVBoxLayout(centre);
   column->setSpacing(10);
@@ -78,7 +81,6 @@ void MainWindow::BuildTabs() {
   setup = new SetupPage(form, views);
   tabs->addTab(setup, QString());
   tabs->tabBar()->setElideMode(Qt::ElideNone);
-  tabs->tabBar()->setAccessibleName(texts::Tabs());
   views.Join(form.SSTab1, *tabs);
 }
 
@@ -163,8 +165,10 @@ void MainWindow::ListenToControls() {
 }
 
 void MainWindow::Refresh() {
+  translations->Refresh();
   PlaceDocuments();
   views.Refresh();
+  SetSpoken(*tabs->tabBar(), texts::Tabs());
   menus->Refresh();
   beside->Refresh();
   editMenu->Refresh();

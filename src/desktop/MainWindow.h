@@ -20,6 +20,7 @@ class FocusFilter;
 class Menus;
 class Program;
 class SetupPage;
+class Translations;
 struct frmMain;
 
 /// The working window. It shows the main form's controls and turns what the user does into actions
@@ -63,6 +64,7 @@ class MainWindow : public QMainWindow {
   History history;
   Dispatch entry;
   ControlViews views;
+  std::unique_ptr<Translations> translations;
   std::unique_ptr<FocusFilter> focus;
   std::unique_ptr<Menus> menus;
   std::unique_ptr<BesideViews> beside;

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "beside/Announced.h"
 #include "desktop/ControlViews.h"
 #include "desktop/FindingLine.h"
 #include "desktop/GridView.h"
@@ -18,7 +19,6 @@
 #include "desktop/SpinArrows.h"
 #include "desktop/Spoken.h"
 #include "desktop/WrapLabel.h"
-#include "keymap/Announced.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
 
@@ -36,8 +36,10 @@ class DescriptionText : public QTextEdit {
     viewport()->setAutoFillBackground(false);
   }
 
+  // It takes what room there is, and scrolls when that is little.
+  QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override {
-    return {fontMetrics().averageCharWidth() * 34, fontMetrics().lineSpacing() * 5};
+    return {fontMetrics().averageCharWidth() * 34, fontMetrics().lineSpacing() * 4};
   }
 };
 

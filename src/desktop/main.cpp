@@ -7,6 +7,7 @@
 
 #include "desktop/CardNotice.h"
 #include "desktop/DisplayCheck.h"
+#include "desktop/FontStyle.h"
 #include "desktop/HostServices.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Pictures.h"
@@ -58,6 +59,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   DisplayFound();
   QApplication::setApplicationName(programTitle);
+  QApplication::setStyle(new FontStyle);
   QApplication::setWindowIcon(QIcon(DrawServer(64)));
   // The window says when the program ends; a closed help window does not.
   QApplication::setQuitOnLastWindowClosed(false);

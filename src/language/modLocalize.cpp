@@ -70,8 +70,8 @@ std::string modLocalize::mymyLoadString(int number) {
     if (!text.empty()) return text;
   }
   if (const auto own = EnglishString(number)) return std::string(*own);
-  messages.MsgBox("error in mymyLoadString: Resource with identifier '" + std::to_string(number) +
-                  "' not found");
+  messages.MarkedBox(MsgBoxMark::failure, "error in mymyLoadString: Resource with identifier '" +
+                                              std::to_string(number) + "' not found");
   return {};
 }
 
@@ -93,7 +93,7 @@ void modLocalize::InitalizeLanguages() {
           stem.substr(stem.size() < codeLength ? 0 : stem.size() - codeLength));
     }
   } catch (const RuntimeFailure& failure) {
-    messages.MsgBox("Error in InitalizeLanguages: " + failure.description);
+    messages.MarkedBox(MsgBoxMark::failure, "Error in InitalizeLanguages: " + failure.description);
   }
   if (astrLanguages.empty()) astrLanguages.emplace_back();
 

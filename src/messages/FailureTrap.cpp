@@ -34,9 +34,10 @@ bool FailureTrap::operator()(const std::function<void()>& statement) const {
     statement();
     return true;
   } catch (const RuntimeFailure& failure) {
-    messages.MsgBox(Opening(messages, prefix) + std::to_string(failure.number) + " (" +
-                    failure.description + ") in procedure " + std::string(procedure) + " of " +
-                    std::string(place));
+    messages.MarkedBox(MsgBoxMark::failure,
+                       Opening(messages, prefix) + std::to_string(failure.number) + " (" +
+                           failure.description + ") in procedure " + std::string(procedure) +
+                           " of " + std::string(place));
     return false;
   }
 }

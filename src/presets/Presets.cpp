@@ -79,7 +79,9 @@ std::span<const Preset> Presets() { return presets; }
 
 void SelectPreset(frmMain& form, const Preset& preset) {
   Program& program = form.program;
-  if (program.MsgBox(preset.confirmation, MsgBoxButtons::YesNo) == MsgBoxAnswer::No) return;
+  if (program.MarkedBox(MsgBoxMark::loss, preset.confirmation, MsgBoxButtons::YesNo) ==
+      MsgBoxAnswer::No)
+    return;
   form.cmdSave.Enabled = true;
   FillGrid(form, mainMenuGrid, preset.mainMenu(), MainMenuActions());
   if (preset.source == PresetSource::tables)
@@ -90,9 +92,10 @@ void SelectPreset(frmMain& form, const Preset& preset) {
                                                                  : program.folder) +
                         std::string(preset.stockScript));
   SetAllSetupOptions(form, 1);
-  program.MsgBox(preset.closesInEnglish
-                     ? std::string(EnglishString(preset.closingMessage).value_or(""))
-                     : program.mymyLoadString(preset.closingMessage));
+  program.MarkedBox(MsgBoxMark::news,
+                    preset.closesInEnglish
+                        ? std::string(EnglishString(preset.closingMessage).value_or(""))
+                        : program.mymyLoadString(preset.closingMessage));
 }
 
 }  // namespace dialwright

@@ -93,7 +93,7 @@ bool RestoreScriptfiles(frmMain& form) {
       if (IsScript(name) && step([&] { Restore(program, name); })) ++restored;
   });
   lock.reset();
-  program.MsgBox(std::to_string(restored) + program.mymyLoadString(1175));
+  program.MarkedBox(MsgBoxMark::news, std::to_string(restored) + program.mymyLoadString(1175));
   return true;
 }
 

@@ -106,7 +106,8 @@ bool MeridVersion::bIsVersionGreaterThanOrEqualTo(std::int16_t iMajor, std::int1
 
 bool MeridVersion::RefusedBeforeVersion() {
   if (currentVersion.iMajor != 0) return false;
-  messages.MsgBox(
+  messages.MarkedBox(
+      MsgBoxMark::failure,
       "You need to load the verson information before calling any of the path fetch routines.");
   return true;
 }

@@ -27,10 +27,15 @@ Program::Program(const Services& outside, std::string programFolder, std::string
 Program::~Program() = default;
 
 MsgBoxAnswer Program::MsgBox(std::string_view text, MsgBoxButtons buttons, std::string_view title) {
+  return MarkedBox(MsgBoxMark::usual, text, buttons, title);
+}
+
+MsgBoxAnswer Program::MarkedBox(MsgBoxMark mark, std::string_view text, MsgBoxButtons buttons,
+                                std::string_view title) {
   // While a box is up the user may look at the disk: what is written so far has to be there.
   profile.FlushBatches();
   scriptLock.reset();
-  const MsgBoxAnswer answer = services.messages.MsgBox(text, buttons, title);
+  const MsgBoxAnswer answer = services.messages.MarkedBox(mark, text, buttons, title);
   TakeScriptLock();
   return answer;
 }
@@ -78,7 +83,8 @@ ScriptLock::~ScriptLock() {
 
 void RequestExit(Program& program) {
   if (program.main->cmdSave.Enabled &&
-      program.MsgBox(program.mymyLoadString(1169), MsgBoxButtons::YesNo) == MsgBoxAnswer::No)
+      program.MarkedBox(MsgBoxMark::loss, program.mymyLoadString(1169), MsgBoxButtons::YesNo) ==
+          MsgBoxAnswer::No)
     return;
   program.help.CloseHelpWindow();
   throw EndProgram{};

@@ -59,6 +59,9 @@ class Program final : public Messages {
 
   MsgBoxAnswer MsgBox(std::string_view text, MsgBoxButtons buttons = MsgBoxButtons::OK,
                       std::string_view title = {}) override;
+  MsgBoxAnswer MarkedBox(MsgBoxMark mark, std::string_view text,
+                         MsgBoxButtons buttons = MsgBoxButtons::OK,
+                         std::string_view title = {}) override;
   std::string mymyLoadString(int number) override;
 
   /// Starts a command line in the current folder and goes on at once.

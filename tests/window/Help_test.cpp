@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <random>
+#include <set>
 
 #include "../support/TempFolder.h"
 #include "WindowTest.h"
@@ -85,6 +86,25 @@ TEST(HelpWindow, TurnsPagesAndFindsWords) {
   ASSERT_EQ(found.count(), 1);
   found.setCurrentRow(0);
   EXPECT_EQ(title(), "The second page");
+
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(&page, Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(words.hasFocus());
+  EXPECT_EQ(words.selectedText(), words.text());
+  words.setText("page");
+  EXPECT_FALSE(page.extraSelections().isEmpty());
+  std::set<std::string> reached;
+  for (int hit = 0; hit < 12; ++hit) {
+    QTest::keyClick(&words, hit % 2 == 0 ? Qt::Key_Return : Qt::Key_F3);
+    EXPECT_EQ(page.textCursor().selectedText().toLower(), "page");
+    reached.insert(title());
+  }
+  EXPECT_EQ(reached.size(), 2U) << "the hits of all pages";
+  QTest::keyClick(&words, Qt::Key_Escape);
+  EXPECT_EQ(words.text(), "");
+  EXPECT_TRUE(page.extraSelections().isEmpty());
+  EXPECT_TRUE(page.hasFocus());
 }
 
 TEST(HelpViewer, OpensClosesAndSaysWhichFileIsNoHelp) {

@@ -1,6 +1,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
@@ -52,11 +53,34 @@ TEST(QtMessageBoxes, AnswersComeFromButtonsLettersAndTheCloseBox) {
   }
   WithNextBox([](QMessageBox& box) {
     EXPECT_EQ(box.windowTitle(), "Program");
-    EXPECT_EQ(box.text(), "C:\\<b>\n& more");
+    EXPECT_EQ(box.text(), "C:\u2060\\<b>\n& more") << "no line breaks behind the colon";
+    const QFontMetrics metrics = box.fontMetrics();
+    EXPECT_GT(box.width(), metrics.horizontalAdvance(box.windowTitle()));
+    QApplication::clipboard()->setText(box.text());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::clipboard()->text(), "C:\\<b>\n& more");
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
     box.close();
   });
   messages.MsgBox("C:\\<b>\r\n& more", MsgBoxButtons::OK, "");
+}
+
+TEST(QtMessageBoxes, EachBearsTheMarkThatItIsAndNothingIsLostByEnter) {
+  const std::tuple<MsgBoxMark, MsgBoxButtons, QMessageBox::Icon, MsgBoxAnswer> rows[] = {
+      {MsgBoxMark::usual, MsgBoxButtons::OK, QMessageBox::Warning, MsgBoxAnswer::OK},
+      {MsgBoxMark::news, MsgBoxButtons::OK, QMessageBox::Information, MsgBoxAnswer::OK},
+      {MsgBoxMark::failure, MsgBoxButtons::OK, QMessageBox::Critical, MsgBoxAnswer::OK},
+      {MsgBoxMark::usual, MsgBoxButtons::YesNo, QMessageBox::Question, MsgBoxAnswer::Yes},
+      {MsgBoxMark::loss, MsgBoxButtons::YesNo, QMessageBox::Warning, MsgBoxAnswer::No},
+  };
+  QtMessageBoxes messages("Program");
+  for (const auto& row : rows) {
+    WithNextBox([&row](QMessageBox& box) {
+      EXPECT_EQ(box.icon(), std::get<2>(row));
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(messages.MarkedBox(std::get<0>(row), "text", std::get<1>(row), ""), std::get<3>(row));
+  }
 }
 
 class AboutDialogTest : public WindowTest {
@@ -80,6 +104,9 @@ TEST_F(AboutDialogTest, ALanguageIsSpokenByBothWindowsAtOnce) {
   QTest::keyClick(list, Qt::Key_Return);
   EXPECT_EQ(About().findChild<QPushButton*>("cmdOK")->text(), "Gut");
   EXPECT_EQ(widget<QPushButton>("cmdExit").text(), "&Beenden");
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "&Yes"), "&Ja");
+  for (const QAction* language : list->actions())
+    EXPECT_EQ(language->isChecked(), language->objectName() == "mnuLanguageList(0)");
 }
 
 TEST_F(AboutDialogTest, AnyWayToCloseItIsItsButton) {

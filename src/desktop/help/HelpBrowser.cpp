@@ -1,6 +1,8 @@
 #include "desktop/help/HelpBrowser.h"
 
 #include <QDesktopServices>
+#include <QEvent>
+#include <QRegularExpression>
 
 #include "desktop/QtText.h"
 #include "desktop/help/HelpContents.h"
@@ -19,16 +21,20 @@ QString PathInside(const QUrl& url) {
   return inside < 0 ? path : path.mid(inside + 2);
 }
 
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
+}
+
+QString WithoutColours(QString styleSheet) {
+  static const QRegularExpression colours(QStringLiteral("\\b(background-)?color\\s*:[^;}]*;?"));
+  return styleSheet.remove(colours);
+}
+
 }  // namespace
 
 HelpBrowser::HelpBrowser(const ChmArchive& helpFile, QWidget* parent)
     : QTextBrowser(parent), archive(helpFile) {
   setOpenLinks(true);
-  // The pages bring colours of their own, which are made for paper.
-  QPalette paper = palette();
-  paper.setColor(QPalette::Base, Qt::white);
-  paper.setColor(QPalette::Text, Qt::black);
-  setPalette(paper);
 }
 
 void HelpBrowser::ShowPage(const QString& page) {
@@ -52,7 +58,14 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   const auto bytes = archive.Read(FromQt(PathInside(url)));
   if (!bytes) return {};
   if (type == QTextDocument::ImageResource) return QByteArray::fromStdString(*bytes);
-  return HelpText(*bytes);
+  const QString text = HelpText(*bytes);
+  return type == QTextDocument::StyleSheetResource && IsDark(palette()) ? WithoutColours(text)
+                                                                        : text;
+}
+
+void HelpBrowser::changeEvent(QEvent* event) {
+  QTextBrowser::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && !source().isEmpty()) reload();
 }
 
 }  // namespace dialwright

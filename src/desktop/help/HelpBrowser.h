@@ -7,6 +7,7 @@
 namespace dialwright {
 
 /// Shows the pages of a help file: links, pictures and style sheets come out of the file as well.
+/// The pages' colours are made for light paper; on a dark desktop they take the desktop's.
 class HelpBrowser : public QTextBrowser {
  public:
   explicit HelpBrowser(const ChmArchive& helpFile, QWidget* parent = nullptr);
@@ -15,6 +16,7 @@ class HelpBrowser : public QTextBrowser {
   void ShowPage(const QString& page);
 
  protected:
+  void changeEvent(QEvent* event) override;
   QVariant loadResource(int type, const QUrl& name) override;
   void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyle>
@@ -12,6 +13,8 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 #include "desktop/QtText.h"
 #include "desktop/Texts.h"
@@ -92,8 +95,10 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
     const QString page = item != nullptr ? item->data(pageRole).toString() : QString();
     if (!page.isEmpty()) browser->ShowPage(page);
   });
-  connect(browser, &QTextBrowser::sourceChanged, this,
-          [this](const QUrl& page) { SelectTopic(page); });
+  connect(browser, &QTextBrowser::sourceChanged, this, [this](const QUrl& page) {
+    SelectTopic(page);
+    MarkHits();
+  });
 }
 
 HelpWindow::~HelpWindow() = default;
@@ -127,7 +132,87 @@ void HelpWindow::BuildBar() {
   words->setMaximumWidth(fontMetrics().averageCharWidth() * 40);
   bar->addWidget(label);
   bar->addWidget(words);
-  connect(words, &QLineEdit::textChanged, this, [this](const QString& text) { find(text); });
+  connect(words, &QLineEdit::textChanged, this, [this](const QString& text) {
+    find(text);
+    MarkHits();
+  });
+  connect(words, &QLineEdit::returnPressed, this, [this] { StepToHit(+1); });
+  const std::pair<QKeySequence, std::function<void()>> keys[] = {
+      {QKeySequence(Qt::CTRL | Qt::Key_F),
+       [this] {
+         words->setFocus();
+         words->selectAll();
+       }},
+      {QKeySequence(Qt::Key_F3), [this] { StepToHit(+1); }},
+      {QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { StepToHit(-1); }},
+      {QKeySequence(Qt::Key_Escape), [this] { EndSearch(); }},
+  };
+  for (const auto& [key, run] : keys)
+    connect(new QShortcut(key, this), &QShortcut::activated, this, run);
+}
+
+void HelpWindow::MarkHits() {
+  hits.clear();
+  const QTextDocument& page = *browser->document();
+  for (const QString& word : words->text().split(' ', Qt::SkipEmptyParts))
+    for (QTextCursor hit = page.find(word); !hit.isNull(); hit = page.find(word, hit))
+      hits.push_back(hit);
+  std::sort(hits.begin(), hits.end());
+  QList<QTextEdit::ExtraSelection> marks;
+  for (const QTextCursor& hit : hits) {
+    QTextCharFormat marked;
+    marked.setBackground(QColor(0xff, 0xd9, 0x66));
+    marked.setForeground(Qt::black);
+    marks.push_back({hit, marked});
+  }
+  browser->setExtraSelections(marks);
+}
+
+bool HelpWindow::StepToHitOfPage(int direction) {
+  const QTextCursor from = browser->textCursor();
+  const auto shown = [this](const QTextCursor& hit) {
+    browser->setTextCursor(hit);
+    browser->ensureCursorVisible();
+    return true;
+  };
+  // On a page that has just come up the cursor stands at the beginning, and the first hit may too.
+  const int place = from.hasSelection() ? from.selectionStart() : -1;
+  if (direction > 0) {
+    for (const QTextCursor& hit : hits)
+      if (hit.selectionStart() > place) return shown(hit);
+  } else {
+    for (auto hit = hits.rbegin(); hit != hits.rend(); ++hit)
+      if (place < 0 || hit->selectionStart() < place) return shown(*hit);
+  }
+  return false;
+}
+
+void HelpWindow::StepToFoundPage(int direction) {
+  const int count = found->count();
+  const QString page = PageName(browser->source().path());
+  int row = direction > 0 ? -1 : count;
+  for (int each = 0; each < count; ++each)
+    if (PageName(found->item(each)->data(pageRole).toString()) == page) row = each;
+  row = (row + direction + count) % count;
+  found->setCurrentRow(row);
+  browser->ShowPage(found->item(row)->data(pageRole).toString());
+  browser->moveCursor(QTextCursor::Start);
+  MarkHits();
+}
+
+void HelpWindow::StepToHit(int direction) {
+  if (words->text().trimmed().isEmpty() || StepToHitOfPage(direction)) return;
+  // A page may bear the words in its title alone: so all are tried, the present one again at last.
+  const bool any = found->count() > 0 && (found->item(0)->flags() & Qt::ItemIsEnabled) != 0;
+  for (int pagesLeft = any ? found->count() : 0; pagesLeft > 0; --pagesLeft) {
+    StepToFoundPage(direction);
+    if (StepToHitOfPage(direction)) return;
+  }
+}
+
+void HelpWindow::EndSearch() {
+  words->clear();
+  browser->setFocus();
 }
 
 void HelpWindow::AddTopics(QTreeWidgetItem* parent, const std::vector<HelpTopic>& topics,

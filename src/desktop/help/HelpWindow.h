@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTextCursor>
 #include <memory>
 
 #include "desktop/help/ChmArchive.h"
@@ -38,8 +39,17 @@ class HelpWindow : public QMainWindow {
   const std::vector<Page>& Searchable();
   void SelectTopic(const QUrl& page);
 
+  /// Marks in the page what is searched for.
+  void MarkHits();
+  /// Goes to the next hit (+1) or the one before (-1), on other pages too.
+  void StepToHit(int direction);
+  bool StepToHitOfPage(int direction);
+  void StepToFoundPage(int direction);
+  void EndSearch();
+
   std::unique_ptr<ChmArchive> archive;
-  std::vector<Page> pages;  ///< read at the first search
+  std::vector<QTextCursor> hits;  ///< in the page that is shown, in their order
+  std::vector<Page> pages;        ///< read at the first search
   HelpBrowser* browser;
   QTreeWidget* contents;
   QListWidget* found;

@@ -75,8 +75,9 @@ void frmMain_Auto_Init(frmMain& form) {
 
 void Form_Unload(frmMain& form, std::int16_t& Cancel) {
   Program& program = form.program;
-  if (form.cmdSave.Enabled && program.MsgBox(program.mymyLoadString(1150), MsgBoxButtons::YesNo,
-                                             program.mymyLoadString(1155)) == MsgBoxAnswer::No) {
+  if (form.cmdSave.Enabled &&
+      program.MarkedBox(MsgBoxMark::loss, program.mymyLoadString(1150), MsgBoxButtons::YesNo,
+                        program.mymyLoadString(1155)) == MsgBoxAnswer::No) {
     Cancel = true16;
     return;
   }
@@ -112,8 +113,8 @@ void SelectSlot(frmMain& form, int slot) {
   Program& program = form.program;
   const SlotRow& chosen = slots.at(static_cast<std::size_t>(slot - 1));
   if (chosen.item.Checked) return;
-  if (form.cmdSave.Enabled &&
-      program.MsgBox(program.mymyLoadString(1174), MsgBoxButtons::YesNo) == MsgBoxAnswer::No)
+  if (form.cmdSave.Enabled && program.MarkedBox(MsgBoxMark::loss, program.mymyLoadString(1174),
+                                                MsgBoxButtons::YesNo) == MsgBoxAnswer::No)
     return;
   for (const SlotRow& row : slots) row.item.Checked = &row == &chosen;
   form.Caption = program.mymyLoadString(chosen.caption);

@@ -127,7 +127,7 @@ void SaveKeyMapInfo(frmMain& form, bool bCreateKeyDocument, bool second) {
   form.Pointer = MousePointer::hourglass;
   if (!WriteScripts(form, bCreateKeyDocument, second)) return;
   if (form.chkGenerateHelp.Value() == 0 && form.chkGeneratePDF.Value() == 0)
-    program.MsgBox(program.mymyLoadString(1023));
+    program.MarkedBox(MsgBoxMark::news, program.mymyLoadString(1023));
   else
     OfferDocuments(form);
 }

@@ -1,0 +1,69 @@
+#include "desktop/Translations.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <string>
+#include <string_view>
+
+#include "desktop/QtText.h"
+#include "desktop/Texts.h"
+#include "language/EnglishStrings.h"
+#include "shell/Program.h"
+
+namespace dialwright {
+
+namespace {
+
+struct ToolkitRow {
+  std::string_view start;  ///< of a library's code
+  const char* language;    ///< as the toolkit calls it
+};
+
+constexpr ToolkitRow toolkitLanguages[] = {{"DE", "de"}, {"ES", "es"}, {"FR", "fr"}, {"JP", "ja"}};
+
+QString ToolkitLanguage(const std::string& code) {
+  for (const ToolkitRow& row : toolkitLanguages)
+    if (code.starts_with(row.start)) return row.language;
+  return {};
+}
+
+}  // namespace
+
+std::string LanguageInForce(Program& program) {
+  if (program.language.hLanguageModule == 0) return {};
+  return program.language.GetLanguageCode(program.language.lCurrentLanguage);
+}
+
+QString Translations::Own::translate(const char* context, const char* english, const char*,
+                                     int) const {
+  if (std::string_view(context) != texts::context) return {};
+  for (const EnglishStringRow& row : EnglishStrings())
+    if (row.text == english) return ToQt(program.mymyLoadString(row.number));
+  return {};
+}
+
+Translations::Translations(Program& theProgram) : program(theProgram), own(theProgram) {
+  QCoreApplication::installTranslator(&own);
+}
+
+Translations::~Translations() {
+  QCoreApplication::removeTranslator(&own);
+  QCoreApplication::removeTranslator(&toolkit);
+}
+
+void Translations::Refresh() {
+  const QString wanted = ToolkitLanguage(LanguageInForce(program));
+  if (wanted == spoken) return;
+  spoken = wanted;
+  QCoreApplication::removeTranslator(&toolkit);
+  if (wanted.isEmpty()) return;
+  // Without the files beside the program, as while it is built, those of the machine serve.
+  for (const QString& folder : {QCoreApplication::applicationDirPath() + "/translations",
+                                QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
+    if (toolkit.load("qtbase_" + wanted, folder)) {
+      QCoreApplication::installTranslator(&toolkit);
+      return;
+    }
+}
+
+}  // namespace dialwright
