@@ -51,6 +51,9 @@ constexpr Job jobs[] = {
      }},
 };
 
+/// What is kept of earlier versions lies on a drive of the user's own.
+bool IsKept(std::string_view path) { return path.starts_with("u:\\"); }
+
 /// The files of a drive, as their names are spelled.
 Files FilesBelow(const fs::path& drive) {
   Files files;
@@ -169,7 +172,7 @@ std::string FaultOfFiles(const Files& before, const Files& after, const Files& f
                          std::vector<std::string>& torn) {
   for (const auto& [path, old] : before) {
     const bool isDocument = path.ends_with("\\xmlkeymap.xml") || path.ends_with("mappings.htm");
-    if (isDocument) continue;
+    if (isDocument || IsKept(path)) continue;
     const auto entry = found.find(path);
     if (entry == found.end()) return "gone: " + path;
     const std::string& now = entry->second;
@@ -180,6 +183,10 @@ std::string FaultOfFiles(const Files& before, const Files& after, const Files& f
     if (now == whole || IsSectionWise(ScriptText(old), ScriptText(whole), ScriptText(now)))
       continue;
     if (!whole.starts_with(now)) return "neither old nor new: " + path;
+    const bool isKept = std::ranges::any_of(
+        found, [&](const auto& file) { return IsKept(file.first) && file.second == old; });
+    if (!isKept && std::ranges::any_of(found, [](const auto& f) { return IsKept(f.first); }))
+      return "torn without a version to bring back: " + path;
     torn.push_back(path);
   }
   return {};
@@ -188,6 +195,7 @@ std::string FaultOfFiles(const Files& before, const Files& after, const Files& f
 std::string FaultOfRepeat(const Files& before, const Files& wanted, const Files& found,
                           const std::vector<std::string>& torn) {
   for (const auto& [path, bytes] : wanted) {
+    if (IsKept(path)) continue;
     const auto now = found.find(path);
     if (now == found.end()) return "not made again: " + path;
     if (now->second == bytes) continue;
@@ -198,7 +206,7 @@ std::string FaultOfRepeat(const Files& before, const Files& wanted, const Files&
       return "not put right: " + path;
   }
   for (const auto& [path, bytes] : found)
-    if (!wanted.contains(path) && path.find(".dialwright-") == std::string::npos)
+    if (!wanted.contains(path) && !IsKept(path) && path.find(".dialwright-") == std::string::npos)
       return "more: " + path;
   return {};
 }

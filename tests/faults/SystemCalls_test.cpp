@@ -138,6 +138,12 @@ class SystemCalls : public testing::TestWithParam<Case> {
     waitpid(child, &told.status, 0);
   }
 
+  static long LeftoversIn(const Files& files) {
+    return std::ranges::count_if(files, [](const auto& file) {
+      return file.first.find(".dialwright-") != std::string::npos;
+    });
+  }
+
   /// One blow, and what is wrong afterwards; nothing if all is well.
   std::string FaultOf(const Blow& blow, std::size_t at) {
     server.PutBack(before);
@@ -151,14 +157,13 @@ class SystemCalls : public testing::TestWithParam<Case> {
     if (told.lines > lines + 1) wrong = "reported more than once";
     // One file at most is written in place at a time, and whole where nothing really fails.
     if (torn.size() > (blow.error == EINTR ? 0 : 1)) wrong = "torn: " + torn.back();
-    const auto left = std::ranges::count_if(found, [](const auto& file) {
-      return file.first.find(".dialwright-") != std::string::npos;
-    });
-    if (left > (killed ? 1 : 0)) wrong = "a temporary file is left";
+    if (LeftoversIn(found) > (killed ? 1 : 0)) wrong = "a temporary file is left";
     // Who may not make a file beside the script writes in it, and may leave the end of the old
     // text.
     if (killed && GetParam().ordinary) torn.assign(slotScripts.begin(), slotScripts.end());
     job.work(desk);
+    if (GetParam().job == 0 && LeftoversIn(server.Snapshot()) > 0)
+      wrong = "left by a killed process";
     return wrong.empty() ? FaultOfRepeat(before, after, server.Snapshot(), torn) : wrong;
   }
 
