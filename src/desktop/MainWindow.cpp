@@ -13,6 +13,7 @@
 #include "desktop/AboutDialog.h"
 #include "desktop/BesideViews.h"
 #include "desktop/EditMenu.h"
+#include "desktop/FileSafetyView.h"
 #include "desktop/FocusFilter.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
@@ -59,6 +60,7 @@ MainWindow::MainWindow(Program& theProgram)
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
   beside = std::make_unique<BesideViews>(form, *this, views, *focus);
   middle->addWidget(&beside->Panel());
+  safety = std::make_unique<FileSafetyView>(program, *this, entry);
   SetTabOrders();
   ListenToControls();
   form.hWnd = static_cast<std::uintptr_t>(winId());
@@ -68,6 +70,7 @@ MainWindow::MainWindow(Program& theProgram)
 MainWindow::~MainWindow() {
   // The form outlives its window. Tabs that go away one by one are no choice of a tab.
   disconnect(tabs->tabBar(), &QTabBar::currentChanged, nullptr, nullptr);
+  safety.reset();
   delete takeCentralWidget();
   for (Control* control : form.Controls) control->changed = nullptr;
   form.focus.changed = nullptr;
@@ -105,6 +108,10 @@ void MainWindow::BuildBottom() {
 void MainWindow::AddNotice(QWidget& notice) {
   auto* column = static_cast<QVBoxLayout*>(centralWidget()->layout());
   column->insertWidget(column->indexOf(bottom), &notice);
+}
+
+void MainWindow::AddNoticeBar(QWidget& bar) {
+  static_cast<QVBoxLayout*>(centralWidget()->layout())->insertWidget(0, &bar);
 }
 
 void MainWindow::PlaceDocuments() {
@@ -172,6 +179,7 @@ void MainWindow::Refresh() {
   menus->Refresh();
   beside->Refresh();
   editMenu->Refresh();
+  safety->Refresh();
   focus->MirrorFocus();
 }
 

@@ -16,6 +16,7 @@ namespace dialwright {
 class AboutDialog;
 class BesideViews;
 class EditMenu;
+class FileSafetyView;
 class FocusFilter;
 class Menus;
 class Program;
@@ -35,6 +36,9 @@ class MainWindow : public QMainWindow {
 
   /// Gives a notice its place, between the tabs and the buttons. It belongs to the window then.
   void AddNotice(QWidget& notice);
+
+  /// Gives a bar of notices its place under the menus. It belongs to the window then.
+  void AddNoticeBar(QWidget& bar);
 
   /// Shows what the controls hold now.
   void Refresh();
@@ -69,6 +73,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Menus> menus;
   std::unique_ptr<BesideViews> beside;
   std::unique_ptr<EditMenu> editMenu;
+  std::unique_ptr<FileSafetyView> safety;
   std::unique_ptr<AboutDialog> about;
   QTabWidget* tabs = nullptr;
   SetupPage* setup = nullptr;

@@ -8,6 +8,7 @@ namespace dialwright {
 
 void NoteScripts(frmMain& form) {
   Program& program = form.program;
+  ++form.safety.revision;
   form.safety.seen.clear();
   form.safety.overwritten.clear();
   form.safety.notBroughtBack.clear();

@@ -21,6 +21,7 @@ struct FileSafety {
 
   std::vector<std::string> overwritten;     ///< by the last save, changed by somebody else before
   std::vector<std::string> notBroughtBack;  ///< of the version brought back last
+  int revision = 0;                         ///< goes up with whatever happens to the scripts
   bool notKept = false;                     ///< what stood before the last save or restore
 };
 

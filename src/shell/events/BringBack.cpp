@@ -61,6 +61,7 @@ bool BringEarlierVersion(frmMain& form, int number) {
     }
   }
   LoadKeyMapInfo(form);
+  ++form.safety.revision;
   form.safety.notKept = !isKept;
   form.safety.notBroughtBack = std::move(missed);
   return true;

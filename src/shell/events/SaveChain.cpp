@@ -69,14 +69,15 @@ bool WriteMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
 
 void RemoveLeftovers(frmMain& form) {
   const std::string& script = form.strMainMenuScript;
-  for (const std::string& folder :
-       {script.substr(0, script.rfind('\\') + 1), form.program.folder + "\\Backup"})
+  for (const std::string& folder : {script.substr(0, script.rfind('\\') + 1), form.program.folder,
+                                    form.program.folder + "\\Backup"})
     form.program.services.files.RemoveLeftovers(folder);
 }
 
 /// All that a save writes into the scripts and their backup, with no other editor among them.
 /// Returns false if a menu was refused.
 bool WriteScripts(frmMain& form, bool bCreateKeyDocument, bool second) {
+  ++form.safety.revision;
   const ScriptLock lock(form.program);
   RemoveLeftovers(form);
   form.lastSave = {};

@@ -3,7 +3,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QHeaderView>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -19,7 +21,6 @@
 #include "desktop/SpinArrows.h"
 #include "platform/Failure.h"
 #include "shell/Program.h"
-#include "shell/events/BringBack.h"
 
 namespace dialwright {
 
@@ -213,8 +214,16 @@ Outcome WindowUser::Spin(bool up) {
 
 Outcome WindowUser::Bring(int number) {
   if (MainIsBlocked()) return Outcome::refused;
-  bool isThere = false;
-  window.Entry().Run([&] { isThere = BringEarlierVersion(form, number); });
+  window.findChild<QAction*>("earlierVersions")->trigger();
+  auto* dialog = window.findChild<QDialog*>("earlierVersionsDialog");
+  auto* times = dialog->findChild<QListWidget*>("earlierVersionsTimes");
+  const bool isThere = number >= 1 && number <= times->count();
+  if (isThere)
+    QTest::mouseClick(times->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      times->visualItemRect(times->item(number - 1)).center());
+  const QString button = isThere ? "bringBack" : "closeEarlier";
+  QTest::mouseClick(dialog->findChild<QPushButton*>(button), Qt::LeftButton);
+  QCoreApplication::sendPostedEvents(dialog, QEvent::DeferredDelete);
   return Finished(isThere ? Outcome::done : Outcome::refused);
 }
 

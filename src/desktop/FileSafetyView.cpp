@@ -1,0 +1,83 @@
+#include "desktop/FileSafetyView.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+#include "beside/FileNotices.h"
+#include "desktop/Dispatch.h"
+#include "desktop/EarlierVersionsDialog.h"
+#include "desktop/MainWindow.h"
+#include "desktop/NoticeBar.h"
+#include "desktop/QtText.h"
+#include "shell/Program.h"
+#include "shell/events/BringBack.h"
+#include "shell/events/Lifecycle.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+FileSafetyView::FileSafetyView(Program& theProgram, MainWindow& mainWindow, Dispatch& dispatch)
+    : program(theProgram),
+      form(*theProgram.main),
+      window(mainWindow),
+      entry(dispatch),
+      bar(new NoticeBar("fileNotices")),
+      versionsItem(new QAction(&mainWindow)) {
+  window.AddNoticeBar(*bar);
+  versionsItem->setObjectName("earlierVersions");
+  versionsItem->setMenuRole(QAction::NoRole);
+  auto* file = window.menuBar()->findChild<QMenu*>(ToQt(form.mnuFile.Name));
+  file->insertAction(window.findChild<QAction*>(ToQt(form.mnuExit.Name)), versionsItem);
+  connect(versionsItem, &QAction::triggered, this, [this] { ShowVersions(); });
+  window.installEventFilter(this);
+}
+
+void FileSafetyView::Refresh() {
+  const QString caption = ToQt(program.mymyLoadString(1361));
+  if (form.safety.revision == seenRevision && caption == seenLanguage) return;
+  seenLanguage = caption;
+  versionsItem->setText(caption);
+  Look();
+}
+
+bool FileSafetyView::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && seenRevision >= 0) Look();
+  return false;
+}
+
+void FileSafetyView::Look() {
+  seenRevision = form.safety.revision;
+  std::vector<NoticeBar::Notice> notices;
+  for (const FileNotice& notice : FileNotices(form)) {
+    NoticeBar::Notice shown{ToQt(notice.text), {}, {}};
+    if (notice.remedy == FileNotice::Remedy::loadAnew) {
+      shown.button = ToQt(program.mymyLoadString(1360));
+      shown.pressed = [this] { LoadAnew(); };
+    } else if (notice.remedy == FileNotice::Remedy::earlierVersions) {
+      shown.button = seenLanguage;
+      shown.pressed = [this] { ShowVersions(); };
+    }
+    notices.push_back(std::move(shown));
+  }
+  bar->Show(std::move(notices));
+}
+
+void FileSafetyView::LoadAnew() {
+  if (form.cmdSave.Enabled &&
+      QMessageBox::question(&window, window.windowTitle(), ToQt(program.mymyLoadString(1376))) !=
+          QMessageBox::Yes)
+    return;
+  entry.Run([this] { LoadKeyMapInfo(form); });
+}
+
+void FileSafetyView::ShowVersions() {
+  auto* dialog = new EarlierVersionsDialog(form, &window, [this](int number) {
+    entry.Run([this, number] { BringEarlierVersion(form, number); });
+  });
+  dialog->open();
+}
+
+}  // namespace dialwright
