@@ -107,6 +107,16 @@ std::string Utf8ToWindows1252(std::string_view utf8) {
   return result;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  for (std::size_t at = AsciiEnd(bytes, 0); at < bytes.size(); at = AsciiEnd(bytes, at)) {
+    const std::size_t from = at;
+    // U+FFFD itself is text like any other.
+    if (NextCharacter(bytes, at) == replacement && bytes.substr(from, at - from) != "\xEF\xBF\xBD")
+      return false;
+  }
+  return true;
+}
+
 std::string Utf16ToUtf8(std::string_view littleEndianBytes) {
   const auto unitAt = [&](std::size_t at) -> char32_t {
     return ByteAt(littleEndianBytes, at) + 0x100u * ByteAt(littleEndianBytes, at + 1);

@@ -18,6 +18,9 @@ std::string Utf8ToWindows1252(std::string_view utf8);
 /// What a file in little-endian UTF-16 begins with.
 inline constexpr std::string_view utf16Mark = "\xFF\xFE";
 
+/// Whether all of the text is UTF-8.
+bool IsUtf8(std::string_view bytes);
+
 /// UTF-16 in little-endian bytes, without a mark. Halves of pairs that stand alone, and what is not
 /// UTF-8, become U+FFFD; an odd last byte is dropped.
 std::string Utf16ToUtf8(std::string_view littleEndianBytes);

@@ -19,6 +19,8 @@ std::string DecodeFile(std::string_view bytes) {
   constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
   if (bytes.starts_with(utf16Mark)) return Utf16ToUtf8(bytes.substr(utf16Mark.size()));
   if (bytes.starts_with(utf8Mark)) return std::string(bytes.substr(utf8Mark.size()));
+  // An editor of today saves an export without a mark. ANSI text is hardly ever UTF-8 by chance.
+  if (IsUtf8(bytes)) return std::string(bytes);
   return AnsiToUtf8(bytes);
 }
 

@@ -44,9 +44,9 @@ class MemoryRegistry : public Registry {
   std::uintptr_t nextHandle = 1;
 };
 
-/// Reads what a registry editor exports (versions 4 and 5; ANSI, UTF-8 or UTF-16 by its mark) into
-/// a registry. Lines that cannot be understood are passed over. Keys outside HKEY_LOCAL_MACHINE are
-/// not kept.
+/// Reads what a registry editor exports (versions 4 and 5; UTF-16 by its mark, UTF-8 with or
+/// without one, else ANSI) into a registry. Lines that cannot be understood are passed over. Keys
+/// outside HKEY_LOCAL_MACHINE are not kept.
 void ReadRegistryFile(std::string_view bytes, MemoryRegistry& registry);
 
 }  // namespace dialwright
