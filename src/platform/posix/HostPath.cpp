@@ -57,7 +57,23 @@ std::optional<std::string> NameInFolder(const std::string& folder, std::string_v
   return found;
 }
 
+// A character of the host's names, and what stands for it in a path of the system.
+struct StandIn {
+  std::string_view character;
+  std::string_view inSystem;
+};
+constexpr StandIn standIns[] = {
+    {"\\", "\xEF\x81\x9C"}, {"\"", "\xEF\x80\xA2"}, {";", "\xEF\x80\xBB"}};
+
 }  // namespace
+
+std::string SystemPath(std::string_view hostPath) {
+  std::string path(hostPath);
+  for (const StandIn& standIn : standIns)
+    path = ReplaceAll(path, standIn.character, standIn.inSystem);
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
 
 std::string SpelledHostPath(std::string_view path, std::string_view hostFolder, char currentDrive) {
   std::string slashed(path);
@@ -68,6 +84,8 @@ std::string SpelledHostPath(std::string_view path, std::string_view hostFolder, 
   }
   if (path.starts_with('\\') && currentDrive != 0) return OnDrive(currentDrive, text, hostFolder);
   while (slashed.size() > 1 && slashed.back() == '/') slashed.pop_back();
+  for (const StandIn& standIn : standIns)
+    slashed = ReplaceAll(slashed, standIn.inSystem, standIn.character);
   return slashed;
 }
 

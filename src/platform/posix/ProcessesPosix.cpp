@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
@@ -25,12 +26,22 @@ bool HasPath(std::string_view program) {
   return program.find_first_of("\\/:") != std::string_view::npos;
 }
 
-std::string HostClassPath(std::string_view classPath, const ToHostPath& hostPath) {
+// A colon separates the entries of the host's class path, whatever stands around it: an entry with
+// one in its name is given as seen from the folder that the program starts in.
+std::string ClassPathEntry(const std::string& path, std::string_view folder) {
+  if (path.find(':') == std::string::npos || !path.starts_with(folder)) return path;
+  const std::string_view rest = std::string_view(path).substr(folder.size());
+  if (rest.empty()) return ".";
+  return rest.starts_with('/') ? std::string(rest.substr(1)) : path;
+}
+
+std::string HostClassPath(std::string_view classPath, std::string_view folder,
+                          const ToHostPath& hostPath) {
   std::string result;
   while (!classPath.empty()) {
     const std::string_view entry = classPath.substr(0, classPath.find(';'));
     if (!result.empty()) result.push_back(':');
-    result.append(HasPath(entry) ? hostPath(entry) : std::string(entry));
+    result.append(HasPath(entry) ? ClassPathEntry(hostPath(entry), folder) : std::string(entry));
     classPath.remove_prefix(entry.size());
     if (!classPath.empty()) classPath.remove_prefix(1);
   }
@@ -38,7 +49,7 @@ std::string HostClassPath(std::string_view classPath, const ToHostPath& hostPath
 }
 
 // What the host is to run: the words of the system's command line in the host's terms.
-Words HostWords(Words words, const ToHostPath& hostPath) {
+Words HostWords(Words words, std::string_view folder, const ToHostPath& hostPath) {
   if (EqualsIgnoringCase(words[0], "explorer") || EqualsIgnoringCase(words[0], "explorer.exe")) {
     words[0] = "xdg-open";
     if (words.size() > 1 && words[1].find("://") == std::string::npos) {
@@ -49,7 +60,7 @@ Words HostWords(Words words, const ToHostPath& hostPath) {
   if (HasPath(words[0])) words[0] = hostPath(words[0]);
   for (std::size_t i = 1; i + 1 < words.size(); ++i) {
     if (words[i] == "-classpath") {
-      words[i + 1] = HostClassPath(words[i + 1], hostPath);
+      words[i + 1] = HostClassPath(words[i + 1], folder, hostPath);
       break;
     }
   }
@@ -77,6 +88,28 @@ std::string FindProgram(const std::string& program) {
   throw RuntimeFailure(Failure::fileNotFound);
 }
 
+// The variables that a program is started with: this process's own. Java takes the names of files
+// for ASCII in the C locale, so that a folder with other letters would not be found.
+Words Environment(std::string_view folder) {
+  Words variables;
+  for (char** variable = environ; *variable != nullptr; ++variable)
+    variables.emplace_back(*variable);
+  const bool ascii =
+      std::ranges::all_of(folder, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  if (ascii) return variables;
+  for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    const char* value = std::getenv(name);
+    if (value == nullptr || *value == '\0') continue;
+    const std::string locale = LowerCase(value);
+    if (locale.find("utf-8") != std::string::npos || locale.find("utf8") != std::string::npos)
+      return variables;
+    break;
+  }
+  std::erase_if(variables, [](const std::string& text) { return text.starts_with("LC_ALL="); });
+  variables.emplace_back("LC_ALL=C.UTF-8");
+  return variables;
+}
+
 // Sent by the process that could not become the program.
 struct StartReport {
   int error = 0;
@@ -86,6 +119,7 @@ struct StartReport {
 struct Start {
   const char* program;
   char* const* arguments;
+  char* const* environment;
   const char* folder;
   int null;
   int report;
@@ -107,7 +141,7 @@ struct Start {
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
   signal(SIGPIPE, SIG_DFL);
-  execv(start.program, start.arguments);
+  execve(start.program, start.arguments, start.environment);
   GiveUp(start, false);
 }
 
@@ -136,10 +170,17 @@ StartReport AwaitStart(const Descriptor& reports) {
   return count == sizeof report ? report : StartReport{};
 }
 
+std::vector<char*> Pointers(Words& words) {
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
 StartReport Run(const std::string& program, Words& words, const std::string& folder) {
-  std::vector<char*> arguments;
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
+  const std::vector<char*> arguments = Pointers(words);
+  Words variables = Environment(folder);
+  const std::vector<char*> environment = Pointers(variables);
 
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return {errno};
@@ -148,8 +189,8 @@ StartReport Run(const std::string& program, Words& words, const std::string& fol
   const Descriptor null = Raised(open("/dev/null", O_RDWR | O_CLOEXEC));
   if (!reports || !report || !null) return {EMFILE};
 
-  const Start start{program.c_str(), arguments.data(), folder.c_str(), null.Number(),
-                    report.Number()};
+  const Start start{program.c_str(), arguments.data(), environment.data(),
+                    folder.c_str(),  null.Number(),    report.Number()};
   const pid_t child = fork();
   if (child == 0) RunChild(start);
   if (child < 0) return {errno};
@@ -165,9 +206,9 @@ void ProcessesPosix::Shell(std::string_view commandLine, WindowState,
                            std::string_view currentFolder) {
   Words words = SplitCommandLine(commandLine);
   if (words.empty() || words[0].empty()) throw RuntimeFailure(Failure::invalidProcedureCall);
-  words = HostWords(std::move(words), hostPath);
-  const std::string program = FindProgram(words[0]);
   const std::string folder = currentFolder.empty() ? "." : hostPath(currentFolder);
+  words = HostWords(std::move(words), folder, hostPath);
+  const std::string program = FindProgram(words[0]);
 
   const StartReport report = Run(program, words, folder);
   if (report.error == 0) return;

@@ -15,7 +15,8 @@ namespace dialwright {
 /// - A program with a path is looked for there, any other on the host's search path.
 /// - `Explorer "X"` opens X with the desktop's own opener.
 /// - Behind `-classpath` the entries between semicolons become paths of the host, with colons
-///   between them.
+///   between them; one that holds a colon itself is given as seen from the folder.
+/// - In a folder with letters outside ASCII the program finds a locale that knows them.
 /// - The process belongs to nobody here: it is in a session of its own, its standard streams lead
 ///   nowhere, and its end leaves nothing behind.
 ///

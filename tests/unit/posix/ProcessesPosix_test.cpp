@@ -11,6 +11,7 @@
 #include "../../support/FailureNumber.h"
 #include "../../support/TempFolder.h"
 #include "platform/posix/FileStorePosix.h"
+#include "platform/posix/HostPath.h"
 
 namespace dialwright {
 
@@ -68,6 +69,24 @@ TEST_F(ProcessesPosixTest, Programs) {
     EXPECT_EQ(Shell(commandLine, folder), 0) << commandLine;
     EXPECT_EQ(Outcome(), expected);
   }
+}
+
+TEST_F(ProcessesPosixTest, FoldersOfAnyName) {
+  Program("teller", "#!/bin/sh\nprintf %s \"$LC_ALL\" > $OUT.part; mv $OUT.part $OUT\n");
+  const std::string odd = (host / "It's \"a:b;c\\d\" \xC3\xA4").string(), p = SystemPath(odd);
+  host.Write("It's \"a:b;c\\d\" \xC3\xA4/T/a.jar", "");
+  const std::string real = fs::canonical(odd).string();
+  EXPECT_EQ(store.HostPath(p + "\\t\\A.jar"), odd + "/T/a.jar");
+  EXPECT_EQ(Shell("java -classpath \"" + p + "\\T;" + p + "\\T\\a.jar\" FB", p + "\\T"), 0);
+  EXPECT_EQ(Outcome(), real + "/T\n<" + bin + "/java>\n<-classpath>\n<.:a.jar>\n<FB>\n");
+  EXPECT_EQ(Shell("explorer \"" + p + "\\T\\a.jar\""), 0);
+  EXPECT_TRUE(Outcome().ends_with("<" + odd + "/T/a.jar>\n"));
+
+  const std::string before = std::getenv("LC_ALL") != nullptr ? std::getenv("LC_ALL") : "";
+  setenv("LC_ALL", "C", 1);
+  EXPECT_EQ(Shell("teller", p), 0);
+  EXPECT_EQ(Outcome(), "C.UTF-8");
+  before.empty() ? unsetenv("LC_ALL") : setenv("LC_ALL", before.c_str(), 1);
 }
 
 TEST_F(ProcessesPosixTest, NobodyWaitsForTheProgram) {
