@@ -11,6 +11,7 @@
 #include "beside/Card.h"
 #include "desktop/QtText.h"
 #include "desktop/WrapLabel.h"
+#include "platform/FileStore.h"
 #include "platform/MessageBoxes.h"
 #include "shell/frmMain.h"
 
@@ -19,7 +20,8 @@ namespace dialwright {
 namespace {
 
 QString CardFolder(const Program& program) {
-  return ToQt(program.folder + "\\PDFFoldoutBuilder\\PDF").replace('\\', '/');
+  return QDir::fromNativeSeparators(
+      ToQt(program.services.files.RealPath(program.folder + "\\PDFFoldoutBuilder\\PDF")));
 }
 
 /// A path that a line may break behind each of its separators.

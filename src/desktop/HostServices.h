@@ -15,7 +15,8 @@ class HostServices {
   virtual Services ServicesWith(MessageBoxes& messages) = 0;
 };
 
-/// The services of this operating system for a program folder (a path of the system's own).
-std::unique_ptr<HostServices> MakeHostServices(const std::string& programFolder);
+/// The services of this operating system. Where the registry is a file, `serverFolder` (a path of
+/// the host) holds it and the server's drives.
+std::unique_ptr<HostServices> MakeHostServices(const std::string& serverFolder);
 
 }  // namespace dialwright

@@ -114,6 +114,16 @@ void MainWindow::AddNoticeBar(QWidget& bar) {
   static_cast<QVBoxLayout*>(centralWidget()->layout())->insertWidget(0, &bar);
 }
 
+void MainWindow::NameServer(const QString& name) {
+  serverName = name;
+  ShowTitle();
+}
+
+void MainWindow::ShowTitle() {
+  const QString caption = ToQt(form.Caption);
+  setWindowTitle(serverName.isEmpty() ? caption : caption + " - " + serverName);
+}
+
 void MainWindow::PlaceDocuments() {
   const bool onSetup = form.chkGenerateHelp.HomeTab == setupTab;
   if (onSetup == documentsOnSetup) return;
@@ -157,7 +167,7 @@ void MainWindow::ListenToControls() {
   form.focus.changed = later;
   // The title and the pointer don't wait: they change while the system works.
   form.changed = [this] {
-    setWindowTitle(ToQt(form.Caption));
+    ShowTitle();
     setCursor(form.Pointer == MousePointer::hourglass ? Qt::WaitCursor : Qt::ArrowCursor);
   };
   program.aboutCreated = [this](frmAbout& box) {

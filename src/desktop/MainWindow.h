@@ -40,6 +40,9 @@ class MainWindow : public QMainWindow {
   /// Gives a bar of notices its place under the menus. It belongs to the window then.
   void AddNoticeBar(QWidget& bar);
 
+  /// The title names the server too, where it is not the machine's own.
+  void NameServer(const QString& name);
+
   /// Shows what the controls hold now.
   void Refresh();
 
@@ -59,6 +62,7 @@ class MainWindow : public QMainWindow {
   void BuildTabs();
   void BuildBottom();
   void PlaceDocuments();
+  void ShowTitle();
   void ListenToControls();
   void Pick(MenuItem& item);
   void SetTabOrders();
@@ -80,6 +84,7 @@ class MainWindow : public QMainWindow {
   QHBoxLayout* middle = nullptr;
   QHBoxLayout* bottom = nullptr;
   QWidget* documents = nullptr;
+  QString serverName;
   bool documentsOnSetup = false;
   bool refreshQueued = false;
 };

@@ -1,23 +1,22 @@
 #include <QApplication>
-#include <QFileInfo>
 #include <QIcon>
 #include <QMessageBox>
+#include <QTimer>
 #include <exception>
-#include <string>
+#include <optional>
 
 #include "desktop/CardNotice.h"
 #include "desktop/DisplayCheck.h"
 #include "desktop/FontStyle.h"
 #include "desktop/HostServices.h"
 #include "desktop/MainWindow.h"
+#include "desktop/Opening.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtMessageBoxes.h"
-#include "desktop/QtText.h"
 #include "desktop/Texts.h"
 #include "shell/events/Lifecycle.h"
 #include "shell/events/MainEvents.h"
 #include "shell/frmMain.h"
-#include "text/Text.h"
 
 namespace {
 
@@ -25,27 +24,23 @@ using namespace dialwright;
 
 constexpr const char* programTitle = "Dialwright";
 
-/// A folder of the host as a path of the system.
-std::string SystemPath(const QString& hostFolder) {
-  return ReplaceAll(FromQt(hostFolder), "/", "\\");
-}
-
-/// Runs the program to its end. Throws what has ended it, if it was not the user.
-void RunProgram() {
-  const std::string folder = SystemPath(QCoreApplication::applicationDirPath());
-  const auto host = MakeHostServices(folder);
+/// One window on one server, to its end. Throws what has ended it, if it was not the user.
+void RunProgram(const Place& place, Opening& opening) {
+  const auto host = MakeHostServices(place.serverFolder);
   QtMessageBoxes messages(programTitle);
-  Program program(host->ServicesWith(messages), folder,
-                  FromQt(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName()));
+  Program program(host->ServicesWith(messages), place.programFolder, place.programFile);
 
   ConnectEvents(*program.main);
   MainWindow window(program);
   messages.window = &window;
+  window.NameServer(place.serverName);
+  opening.Offer(window, program);
   window.AddNotice(*new CardNotice(program, messages));
   Dispatch& dispatch = window.Entry();
   dispatch.Run([&] { Form_Load(*program.main); });
   if (!dispatch.Ended()) {
     window.Open();
+    QTimer::singleShot(0, &window, [&] { opening.Opened(place); });
     QApplication::exec();
   }
   messages.window = nullptr;
@@ -55,6 +50,7 @@ void RunProgram() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (AnswerWithoutWindow(argc, argv)) return 0;
   expectDisplay();
   const QApplication application(argc, argv);
   DisplayFound();
@@ -64,7 +60,9 @@ int main(int argc, char** argv) {
   // The window says when the program ends; a closed help window does not.
   QApplication::setQuitOnLastWindowClosed(false);
   try {
-    RunProgram();
+    const auto opening = MakeOpening();
+    if (!opening) return 2;
+    while (const std::optional<Place> place = opening->Next()) RunProgram(*place, *opening);
   } catch (const std::exception& failure) {
     QMessageBox::critical(nullptr, programTitle,
                           texts::UnexpectedFailure().arg(QString::fromUtf8(failure.what())));

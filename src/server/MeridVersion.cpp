@@ -67,6 +67,11 @@ std::string VersionText(const VersionInfo& info) {
 
 }  // namespace
 
+bool KnowsAServer(Registry& registry) {
+  return bRegistryKeyExists(registry, RegistryKey::localMachine, tesselKey) ||
+         DoubleWord(registry, meridKey, "Version Number") != 0;
+}
+
 VersionInfo MeridVersion::getVersion() {
   const FailureTrap step{messages, FailurePrefix::fixedModule, "getVersion", moduleName};
   VersionInfo info;

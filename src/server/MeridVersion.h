@@ -23,6 +23,9 @@ struct VersionInfo {
   std::string strVersion;
 };
 
+/// Whether the registry knows a server of either edition.
+bool KnowsAServer(Registry& registry);
+
 /// What the machine's registry tells of the server. The version is read once, at start; the paths
 /// and the directory binding are read at each call.
 class MeridVersion {

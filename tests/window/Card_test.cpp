@@ -82,7 +82,9 @@ TEST_F(CardNoticeTest, TellsWhereTheCardWillBeAndOnceWhatItLeavesOut) {
   QDesktopServices::setUrlHandler("file", &opened, "setSource");
   QTest::mouseClick(&widget<QPushButton>("openCardFolder"), Qt::LeftButton);
   QDesktopServices::unsetUrlHandler("file");
-  EXPECT_EQ(opened.source(), QUrl("file:///C:/Dialwright/PDFFoldoutBuilder/PDF"));
+  EXPECT_EQ(opened.source(),
+            QUrl::fromLocalFile(QString::fromStdString(
+                world.HostPath("C:\\Dialwright\\PDFFoldoutBuilder\\PDF").string())));
 }
 
 TEST_F(CardNoticeTest, AJavaThatMakesNoCardEndsInABox) {

@@ -7,11 +7,11 @@
 #include "platform/ScriptChecksumComponent.h"
 #include "platform/posix/ClockPosix.h"
 #include "platform/posix/FileStorePosix.h"
+#include "platform/posix/HostPath.h"
 #include "platform/posix/ProcessesPosix.h"
 #include "platform/standins/FileLanguages.h"
 #include "platform/standins/LocaleTable.h"
 #include "platform/standins/RegistryFile.h"
-#include "text/Text.h"
 
 namespace dialwright {
 
@@ -28,9 +28,8 @@ std::string EarlierFolder() {
 
 class HostServicesPosix : public HostServices {
  public:
-  explicit HostServicesPosix(const std::string& programFolder)
-      : files(ReplaceAll(programFolder, "\\", "/")) {
-    FillRegistry(programFolder + "\\server.reg");
+  explicit HostServicesPosix(const std::string& serverFolder) : files(serverFolder) {
+    FillRegistry(SystemPath(serverFolder) + "\\server.reg");
   }
 
   Services ServicesWith(MessageBoxes& messages) override {
@@ -39,7 +38,7 @@ class HostServicesPosix : public HostServices {
   }
 
  private:
-  /// The server's registry, out of the file beside the program. Without one there is no server.
+  /// The server's registry, out of its file. Without one there is no server.
   void FillRegistry(const std::string& path) {
     if (files.KindOf(path) != FileStore::Kind::file) return;
     try {
@@ -60,8 +59,8 @@ class HostServicesPosix : public HostServices {
 
 }  // namespace
 
-std::unique_ptr<HostServices> MakeHostServices(const std::string& programFolder) {
-  return std::make_unique<HostServicesPosix>(programFolder);
+std::unique_ptr<HostServices> MakeHostServices(const std::string& serverFolder) {
+  return std::make_unique<HostServicesPosix>(serverFolder);
 }
 
 }  // namespace dialwright
