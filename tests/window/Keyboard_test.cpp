@@ -276,10 +276,10 @@ TEST_F(FocusFilterTest, UndoTakesTheTypingBackFirstAndNamesWhatItWouldDo) {
   user.Leave();
   user.Set("chkDontVoiceAction(0)", 1);
   user.Type("12", true);
-  EXPECT_EQ(undo.text(), "&Undo Key of Check new messages");
+  EXPECT_EQ(undo.text(), "&Undo Key of Hear new messages");
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(form.txtKeyAssignment[0].Text(), "1");
-  EXPECT_EQ(undo.text(), "&Undo Voicing of Check new messages");
+  EXPECT_EQ(undo.text(), "&Undo Voicing of Hear new messages");
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(form.chkDontVoiceAction[0].Value(), 0);
   EXPECT_FALSE(form.cmdSave.Enabled);
