@@ -231,7 +231,7 @@ WholeMap History::Map() const {
 void History::Replace(const WholeMap& map, std::string name) {
   StepBegins(std::move(name));
   for (int grid = 0; grid < gridCount; ++grid) ReplaceRows(form, grid, At(map.rows, grid));
-  ReplaceSetup(form, map.setup);
+  if (form.SSTab1.TabVisible(setupTab)) ReplaceSetup(form, map.setup);
   form.cmdSave.Enabled = true;
   Settle();
 }

@@ -15,6 +15,7 @@
 #include "desktop/EditMenu.h"
 #include "desktop/FileSafetyView.h"
 #include "desktop/FocusFilter.h"
+#include "desktop/KeyMapItems.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
 #include "desktop/QtText.h"
@@ -57,6 +58,7 @@ MainWindow::MainWindow(Program& theProgram)
   BuildBottom();
   menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { Pick(item); });
   editMenu = std::make_unique<EditMenu>(form, history, *menuBar(), entry);
+  keyMapItems = std::make_unique<KeyMapItems>(form, history, *this, *editMenu);
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
   beside = std::make_unique<BesideViews>(form, *this, views, *focus);
   middle->addWidget(&beside->Panel());
@@ -190,6 +192,7 @@ void MainWindow::Refresh() {
   beside->Refresh();
   editMenu->Refresh();
   safety->Refresh();
+  keyMapItems->Refresh();
   focus->MirrorFocus();
 }
 

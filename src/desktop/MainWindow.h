@@ -18,6 +18,7 @@ class BesideViews;
 class EditMenu;
 class FileSafetyView;
 class FocusFilter;
+class KeyMapItems;
 class Menus;
 class Program;
 class SetupPage;
@@ -49,6 +50,8 @@ class MainWindow : public QMainWindow {
   Dispatch& Entry() { return entry; }
   /// What the user has done to the key map.
   History& Steps() { return history; }
+  /// Where key maps leave the editor and come into it.
+  KeyMapItems& KeyMaps() { return *keyMapItems; }
   /// The about box, once it has been opened.
   AboutDialog* AboutBox() { return about.get(); }
 
@@ -78,6 +81,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<BesideViews> beside;
   std::unique_ptr<EditMenu> editMenu;
   std::unique_ptr<FileSafetyView> safety;
+  std::unique_ptr<KeyMapItems> keyMapItems;
   std::unique_ptr<AboutDialog> about;
   QTabWidget* tabs = nullptr;
   SetupPage* setup = nullptr;

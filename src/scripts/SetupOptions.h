@@ -7,10 +7,11 @@
 
 namespace dialwright {
 
-/// One option of the subscriber's setup conversation: its check box, its key in the setup script,
-/// and the digit that the key holds while the option is offered.
+/// One option of the subscriber's setup conversation: its check box and that box's name, its key in
+/// the setup script, and the digit that the key holds while the option is offered.
 struct SetupOption {
   CheckBox frmMain::*box;
+  std::string_view name;
   std::string_view key;
   std::string_view digit;
 };

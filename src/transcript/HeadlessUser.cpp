@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "beside/KeyMapExchange.h"
 #include "platform/Failure.h"
 #include "shell/Program.h"
 #include "shell/events/BringBack.h"
@@ -147,6 +148,20 @@ Outcome HeadlessUser::Undo() { return Edit(&History::Undo); }
 Outcome HeadlessUser::Redo() { return Edit(&History::Redo); }
 
 Outcome HeadlessUser::Revert() { return Edit(&History::Revert); }
+
+Outcome HeadlessUser::Export(std::string_view path, KeyMapNews& news) {
+  history.StepBegins();
+  if (program.AboutIsUp()) return Outcome::refused;
+  news = ExportKeyMap(form, path);
+  return Outcome::done;
+}
+
+Outcome HeadlessUser::Import(std::string_view path, KeyMapNews& news) {
+  history.StepBegins();
+  if (program.AboutIsUp()) return Outcome::refused;
+  news = ImportKeyMap(history, form, path);
+  return Outcome::done;
+}
 
 History& HeadlessUser::Steps() { return history; }
 

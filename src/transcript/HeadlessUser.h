@@ -26,6 +26,8 @@ class HeadlessUser : public User {
   Outcome Undo() override;
   Outcome Redo() override;
   Outcome Revert() override;
+  Outcome Export(std::string_view path, KeyMapNews& news) override;
+  Outcome Import(std::string_view path, KeyMapNews& news) override;
   History& Steps() override;
   Outcome Close() override;
 

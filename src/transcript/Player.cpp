@@ -5,6 +5,7 @@
 
 #include "Views.h"
 #include "WorldSteps.h"
+#include "beside/KeyMapExchange.h"
 #include "beside/Telephone.h"
 #include "platform/Failure.h"
 #include "shell/events/Lifecycle.h"
@@ -109,6 +110,10 @@ const Player::Verb* Player::Find(const std::string& name) {
        [](Player& p, const Words&, const Given&) { p.Act([&] { return p.user->Redo(); }); }},
       {"revert", 1,
        [](Player& p, const Words&, const Given&) { p.Act([&] { return p.user->Revert(); }); }},
+      {"export", 2,
+       [](Player& p, const Words& w, const Given&) { p.Exchange(&User::Export, w[1]); }},
+      {"import", 2,
+       [](Player& p, const Words& w, const Given&) { p.Exchange(&User::Import, w[1]); }},
       {"changes", 1,
        [](Player& p, const Words&, const Given&) { ShowChanges(p.user->Steps(), p.printer); }},
 
@@ -241,6 +246,18 @@ Outcome Player::Pick(int number) {
   if (world.program.main->SSTab1.Tab() != match.grid)
     if (const Outcome moved = user->Tab(match.grid); moved != Outcome::done) return moved;
   return user->Row(match.grid, match.row.token);
+}
+
+void Player::Exchange(Outcome (User::*step)(std::string_view, KeyMapNews&),
+                      const std::string& path) {
+  Act([&] {
+    KeyMapNews news;
+    const Outcome outcome = ((*user).*step)(path, news);
+    if (!news.fault.empty()) printer.Line("error");
+    for (const SkippedAction& action : news.skipped)
+      printer.Line("skipped " + ShownBare(action.action));
+    return outcome;
+  });
 }
 
 void Player::Guarded(const std::function<void()>& step) {

@@ -38,6 +38,8 @@ class Player {
   void FindAction(const std::string& text);
   /// Goes to a result of the last search.
   Outcome Pick(int number);
+  /// A key map that leaves the editor or comes into it.
+  void Exchange(Outcome (User::*step)(std::string_view, KeyMapNews&), const std::string& path);
   /// Runs what may end the program.
   void Guarded(const std::function<void()>& step);
   void WatchAbout(frmAbout& about);

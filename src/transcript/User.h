@@ -5,6 +5,7 @@
 namespace dialwright {
 
 class History;
+struct KeyMapNews;
 
 /// What became of a user's step.
 enum class Outcome {
@@ -43,6 +44,9 @@ class User {
   virtual Outcome Undo() = 0;
   virtual Outcome Redo() = 0;
   virtual Outcome Revert() = 0;
+  /// Writes a key map file, and takes one in; the path is one of the system's.
+  virtual Outcome Export(std::string_view path, KeyMapNews& news) = 0;
+  virtual Outcome Import(std::string_view path, KeyMapNews& news) = 0;
   /// The history of what this user does.
   virtual History& Steps() = 0;
   /// The close box.

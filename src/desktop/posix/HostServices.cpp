@@ -1,8 +1,7 @@
 #include "desktop/HostServices.h"
 
-#include <cstdlib>
-
 #include "desktop/help/HelpViewerQt.h"
+#include "platform/EarlierFolder.h"
 #include "platform/Failure.h"
 #include "platform/ScriptChecksumComponent.h"
 #include "platform/posix/ClockPosix.h"
@@ -16,15 +15,6 @@
 namespace dialwright {
 
 namespace {
-
-/// In the user's own data folder, as the desktop's conventions have it.
-std::string EarlierFolder() {
-  const char* data = std::getenv("XDG_DATA_HOME");
-  if (data != nullptr && data[0] == '/') return std::string(data) + "/dialwright/earlier";
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || home[0] != '/') return {};
-  return std::string(home) + "/.local/share/dialwright/earlier";
-}
 
 class HostServicesPosix : public HostServices {
  public:

@@ -1,5 +1,6 @@
 #include "desktop/HostServices.h"
 
+#include "platform/EarlierFolder.h"
 #include "platform/ScriptChecksumComponent.h"
 #include "platform/win32/ClockWin32.h"
 #include "platform/win32/FileStoreWin32.h"
@@ -7,17 +8,10 @@
 #include "platform/win32/LanguagesWin32.h"
 #include "platform/win32/ProcessesWin32.h"
 #include "platform/win32/RegistryWin32.h"
-#include "platform/win32/Win32Text.h"
 
 namespace dialwright {
 
 namespace {
-
-/// In the user's own data folder.
-std::string EarlierFolder() {
-  const wchar_t* data = _wgetenv(L"LOCALAPPDATA");
-  return data == nullptr ? std::string() : NarrowText(data) + "\\Dialwright\\Earlier";
-}
 
 class HostServicesWin32 : public HostServices {
  public:

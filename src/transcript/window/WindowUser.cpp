@@ -17,6 +17,7 @@
 #include "desktop/AboutDialog.h"
 #include "desktop/GridView.h"
 #include "desktop/KeyEdit.h"
+#include "desktop/KeyMapItems.h"
 #include "desktop/QtText.h"
 #include "desktop/SpinArrows.h"
 #include "platform/Failure.h"
@@ -236,6 +237,21 @@ Outcome WindowUser::Undo() { return PickBeside("mnuUndo"); }
 Outcome WindowUser::Redo() { return PickBeside("mnuRedo"); }
 
 Outcome WindowUser::Revert() { return PickBeside("mnuRevertRow"); }
+
+Outcome WindowUser::PickWithFile(const char* name, std::string_view path, KeyMapNews& news) {
+  // The dialogs are the toolkit's own, or the machine's.
+  window.KeyMaps().askPath = [path](KeyMapItems::Asked) { return std::string(path); };
+  window.KeyMaps().tell = [&news](const KeyMapNews& told) { news = told; };
+  return PickBeside(name);
+}
+
+Outcome WindowUser::Export(std::string_view path, KeyMapNews& news) {
+  return PickWithFile("mnuExportKeyMap", path, news);
+}
+
+Outcome WindowUser::Import(std::string_view path, KeyMapNews& news) {
+  return PickWithFile("mnuImportKeyMap", path, news);
+}
 
 History& WindowUser::Steps() { return window.Steps(); }
 

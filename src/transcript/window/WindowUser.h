@@ -31,6 +31,8 @@ class WindowUser : public User {
   Outcome Undo() override;
   Outcome Redo() override;
   Outcome Revert() override;
+  Outcome Export(std::string_view path, KeyMapNews& news) override;
+  Outcome Import(std::string_view path, KeyMapNews& news) override;
   History& Steps() override;
   Outcome Close() override;
 
@@ -41,6 +43,8 @@ class WindowUser : public User {
   Outcome Pick(QAction& action);
   /// Picks an item of a menu that stands beside the form's own.
   Outcome PickBeside(const char* name);
+  /// Picks an item that asks for a file, with the answer to that.
+  Outcome PickWithFile(const char* name, std::string_view path, KeyMapNews& news);
   Outcome ClickPlace(int grid, int row);
   /// A click on a widget that a control has there, with the focus going to the control first.
   Outcome ClickOn(Control& control, QWidget& part, QPoint place);

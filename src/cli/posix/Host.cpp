@@ -1,0 +1,52 @@
+#include "cli/Host.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+
+#include "cli/ServerFolder.h"
+#include "platform/posix/ClockPosix.h"
+#include "platform/posix/FileStorePosix.h"
+#include "platform/standins/FileLanguages.h"
+#include "platform/standins/LocaleTable.h"
+#include "text/Text.h"
+
+namespace dialwright {
+
+namespace {
+
+std::string OwnFolder() {
+  return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+}
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+}  // namespace
+
+Host OpenHost(const std::optional<std::string>& serverFolder) {
+  const std::string folder = serverFolder ? AbsoluteFolder(*serverFolder) : OwnFolder();
+  Host host;
+  host.programFolder = ReplaceAll(folder, "/", "\\");
+  host.files = std::make_unique<FileStorePosix>(folder);
+  host.registry = RegistryIn(folder, *host.files, host.programFolder);
+  host.clock = std::make_unique<ClockPosix>();
+  host.languages = std::make_unique<FileLanguages>(*host.files, UserLanguageFromEnvironment());
+  return host;
+}
+
+std::vector<std::string> HostArguments(int argc, char** argv) {
+  return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+bool PrepareOutput() {
+  const char* terminal = std::getenv("TERM");
+  return isatty(STDOUT_FILENO) != 0 && !IsSet("NO_COLOR") && terminal != nullptr &&
+         std::string_view(terminal) != "dumb";
+}
+
+}  // namespace dialwright
