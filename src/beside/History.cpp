@@ -6,6 +6,7 @@
 #include "beside/RowsAtOnce.h"
 #include "beside/StepNames.h"
 #include "keymap/RowEditing.h"
+#include "platform/Clock.h"
 #include "scripts/SetupOptions.h"
 #include "shell/Program.h"
 
@@ -32,6 +33,20 @@ bool SameBoxes(const Snapshot& a, const Snapshot& b) {
   return std::ranges::equal(a.boxes, b.boxes, {}, &BoxState::checked, &BoxState::checked);
 }
 
+std::string TimeOfDay(const SystemTime& time) {
+  const auto twoDigits = [](int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+  };
+  return twoDigits(time.hour) + ":" + twoDigits(time.minute);
+}
+
+std::string LabelOf(const KeyGrid& grid, const std::string& token) {
+  for (const KeyGrid::Cells& row : grid.DataRows())
+    if (row[static_cast<std::size_t>(Column::ActionToken)] == token)
+      return row[static_cast<std::size_t>(Column::Action)];
+  return token;
+}
+
 /// Whether a step between the two is worth an entry.
 bool Differs(const Snapshot& a, const Snapshot& b) {
   if (a.rows == b.rows && SameBoxes(a, b) && SameEdits(a, b)) return false;
@@ -52,6 +67,7 @@ int TypedIn(const Snapshot& before, const Snapshot& now) {
 History::History(frmMain& mainForm) : form(mainForm) {
   form.program.keyMapSaved = [this] {
     if (form.lastSave.kind == SaveOutcome::Kind::complete) saved = true;
+    savedAt = TimeOfDay(form.program.services.clock.Now());
   };
   form.focus.boxLeft = [this](const EditBox& box) {
     BoxLeft(static_cast<int>(&box - form.txtKeyAssignment.data()));
@@ -72,8 +88,10 @@ void History::StepBegins(std::string name) {
 
 void History::Settle() {
   Snapshot now = Now();
-  const bool loaded = loads != form.loads;
+  // A look may come in the middle of a load, while a message of its is up.
+  if (loads != form.loads) loadStep = step;
   loads = form.loads;
+  const bool loaded = loadStep == step;
   if (loaded) {
     // Whatever was done to the rows that stood there before is gone with them.
     entries.clear();
@@ -131,25 +149,27 @@ void History::GoTo(const Snapshot& snapshot) {
   // A text that the user was typing there is typed on, unless the focus has a place of its own.
   EditBox* box = snapshot.tab < gridCount ? &At(form.txtKeyAssignment, snapshot.tab) : nullptr;
   if (box != nullptr && box->Typed() && form.focus.ActiveControl() == nullptr) form.focus.Give(*box);
-  last = Now();
+  last = TakeSnapshot(form, texts, snapshot);
   stepStart = last;
   ++step;
   typingGrid = -1;
   // A text that is in the box again is typed on in the entry that it came from.
   for (int grid = 0; grid < gridCount && done > 0; ++grid) {
     const Entry& entry = entries[done - 1];
-    if (!At(entry.after.edits, grid).typed || At(entry.before.edits, grid).typed) continue;
+    if (TypedIn(entry.after, last) != grid || !At(entry.after.edits, grid).typed ||
+        At(entry.before.edits, grid).typed)
+      continue;
     typingGrid = grid;
     typingStep = entry.step;
     typingStart = entry.before;
   }
-  SetSave();
+  form.cmdSave.Enabled = HasUnsaved();
 }
 
-void History::SetSave() {
-  const SaveOutcome::Kind last = form.lastSave.kind;
-  form.cmdSave.Enabled = !Changes().empty() || last == SaveOutcome::Kind::refused ||
-                         last == SaveOutcome::Kind::incomplete;
+bool History::HasUnsaved() {
+  const SaveOutcome::Kind outcome = form.lastSave.kind;
+  return outcome == SaveOutcome::Kind::refused || outcome == SaveOutcome::Kind::incomplete ||
+         !Changes().empty();
 }
 
 std::size_t History::Depth() {
@@ -209,12 +229,24 @@ bool History::Revert() {
   const int grid = RowInHandThatDiffers();
   if (grid < 0) return false;
   const KeyGrid& keys = At(form.gridKeyMap, grid);
-  StepBegins(RevertName(form, keys.Text(keys.Row(), Column::Action)));
-  RevertRowInHand(form, grid,
-                  RowOf(baseline, grid, keys.Text(keys.Row(), Column::ActionToken)));
-  Settle();
-  SetSave();
+  RevertRow(grid, std::string(keys.Text(keys.Row(), Column::ActionToken)));
   return true;
+}
+
+void History::RevertRow(int grid, const std::string& token) {
+  StepBegins(RevertName(form, LabelOf(At(form.gridKeyMap, grid), token)));
+  dialwright::RevertRow(form, grid, RowOf(baseline, grid, token));
+  Settle();
+  form.cmdSave.Enabled = HasUnsaved();
+}
+
+void History::RevertBox(std::size_t option) {
+  StepBegins();
+  WholeMap map = Map();
+  map.setup.at(option) = baseline.setup.at(option);
+  ReplaceSetup(form, map.setup);
+  Settle();
+  form.cmdSave.Enabled = HasUnsaved();
 }
 
 WholeMap History::Map() const {

@@ -57,6 +57,14 @@ class History {
   /// Gives the row in hand its key and voice back, as one step. Returns false if neither has
   /// changed, or no row is in hand.
   bool Revert();
+  /// The same for any row that is there, and for a setup box by its row of the setup table.
+  void RevertRow(int grid, const std::string& token);
+  void RevertBox(std::size_t option);
+  /// Whether something would be lost without a save: something differs, or the last save was
+  /// refused or incomplete.
+  bool HasUnsaved();
+  /// When the last save that was not refused was written, as "18:31".
+  const std::string& SavedAt() const { return savedAt; }
 
   const frmMain& TheForm() const { return form; }
 
@@ -80,7 +88,6 @@ class History {
   void SettleAs(StepNumber number, const Snapshot& from, const Snapshot& now);
   void BoxLeft(int grid);
   void GoTo(const Snapshot& snapshot);
-  void SetSave();
   Snapshot Now() { return TakeSnapshot(form, texts, last); }
   int RowInHandThatDiffers();
   std::string NameOf(const Entry& entry) const;
@@ -99,7 +106,9 @@ class History {
   Snapshot typingStart;
 
   int loads = -1;      ///< of the form, at the last look
+  StepNumber loadStep = -1;
   bool saved = false;  ///< since then, wholly
+  std::string savedAt;
   Content baseline;
 };
 

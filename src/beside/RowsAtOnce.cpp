@@ -29,23 +29,8 @@ void ShowRowInHand(frmMain& form, int grid) {
   At(form.UpDownMenuOrder, grid).Enabled = voiced;
 }
 
-}  // namespace
-
-void RevertRowInHand(frmMain& form, int grid, const CountedRow& before) {
-  const KeyGrid& keys = At(form.gridKeyMap, grid);
-  std::vector<KeyGrid::Cells> rows(keys.DataRows().begin(), keys.DataRows().end());
-  const auto row = rows.begin() + (keys.Row() - 1);
-  Cell(*row, Column::KeyAssignment) = before.key;
-  if (CountsAsVoiced(grid, before.token, Cell(*row, Column::Order)) != before.voiced) {
-    KeyGrid::Cells moved = std::move(*row);
-    rows.erase(row);
-    Cell(moved, Column::Order) = before.voiced ? std::string() : std::string(notVoiced);
-    rows.insert(std::ranges::find_if(rows, IsSilent), std::move(moved));
-  }
-  ReplaceRows(form, grid, std::move(rows));
-}
-
-void ReplaceRows(frmMain& form, int grid, std::vector<KeyGrid::Cells> rows) {
+/// Puts the rows in place, the voiced ones numbered anew, with the same action in hand.
+void PutRows(frmMain& form, int grid, std::vector<KeyGrid::Cells> rows) {
   KeyGrid& keys = At(form.gridKeyMap, grid);
   const std::string token =
       keys.HasRowInHand() ? keys.Text(keys.Row(), Column::ActionToken) : std::string();
@@ -57,6 +42,31 @@ void ReplaceRows(frmMain& form, int grid, std::vector<KeyGrid::Cells> rows) {
     if (Cell(rows[i], Column::ActionToken) == token) inHand = static_cast<int>(i) + 1;
   }
   keys.PutBack(std::move(rows), inHand);
+}
+
+}  // namespace
+
+void RevertRow(frmMain& form, int grid, const CountedRow& before) {
+  const KeyGrid& keys = At(form.gridKeyMap, grid);
+  std::vector<KeyGrid::Cells> rows(keys.DataRows().begin(), keys.DataRows().end());
+  const auto row = std::ranges::find_if(rows, [&before](KeyGrid::Cells& cells) {
+    return Cell(cells, Column::ActionToken) == before.token;
+  });
+  if (row == rows.end()) return;
+  Cell(*row, Column::KeyAssignment) = before.key;
+  if (CountsAsVoiced(grid, before.token, Cell(*row, Column::Order)) != before.voiced) {
+    KeyGrid::Cells moved = std::move(*row);
+    rows.erase(row);
+    Cell(moved, Column::Order) = before.voiced ? std::string() : std::string(notVoiced);
+    rows.insert(std::ranges::find_if(rows, IsSilent), std::move(moved));
+  }
+  PutRows(form, grid, std::move(rows));
+  if (keys.HasRowInHand() && keys.Text(keys.Row(), Column::ActionToken) == before.token)
+    ShowRowInHand(form, grid);
+}
+
+void ReplaceRows(frmMain& form, int grid, std::vector<KeyGrid::Cells> rows) {
+  PutRows(form, grid, std::move(rows));
   ShowRowInHand(form, grid);
 }
 

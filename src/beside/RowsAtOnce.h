@@ -8,13 +8,14 @@
 
 namespace dialwright {
 
-/// What replaces rows of the form at once. No handler runs, the focus stays, the action in hand
-/// stays in hand, and the edit controls show it: a text that was typed there is dropped.
+/// What replaces rows of the form at once. No handler runs, the focus stays, and the action in hand
+/// stays in hand. If it was replaced the edit controls show it anew: a text that was typed there is
+/// dropped.
 
-/// Gives the row in hand of a grid the key and, where the menu says its actions, the voice of
-/// `before`. A row that is voiced again comes last among the voiced ones, a silent one first among
+/// Gives the row with the token of `before` its key and, where the menu says its actions, its
+/// voice. A row that is voiced again comes last among the voiced ones, a silent one first among
 /// the silent ones.
-void RevertRowInHand(frmMain& form, int grid, const CountedRow& before);
+void RevertRow(frmMain& form, int grid, const CountedRow& before);
 
 /// Replaces all rows of a grid. In a menu that says its actions the voiced rows, as they stand, are
 /// numbered anew.

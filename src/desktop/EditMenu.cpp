@@ -78,6 +78,11 @@ void EditMenu::AddStep(const QString& name, int text, int namedText,
       });
 }
 
+void EditMenu::Add(QAction& action) {
+  if (auto* former = qobject_cast<QMenu*>(action.parent())) former->removeAction(&action);
+  menu->addAction(&action);
+}
+
 void EditMenu::AddSeparator() { menu->addSeparator(); }
 
 void EditMenu::Refresh() {

@@ -27,6 +27,8 @@ class EditMenu {
   /// picked now, if not always.
   QAction& Add(const QString& name, int text, std::function<void()> run,
                std::function<bool()> enabled = {});
+  /// Takes an item over from another menu.
+  void Add(QAction& action);
   void AddSeparator();
 
   /// For whoever tells the user: what was taken back or done again, as the menu has named it.

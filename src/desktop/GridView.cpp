@@ -37,7 +37,12 @@ class RoomyCells : public QStyledItemDelegate {
     const QString text = index.data(Qt::DisplayRole).toString();
     // A key has its mark behind it, sooner or later.
     const int mark = index.column() == static_cast<int>(Column::KeyAssignment) ? 3 * line / 2 : 0;
-    return {option.fontMetrics.horizontalAdvance(text) + 3 * line / 2 + mark, 3 * line / 2};
+    const QVariant font = index.data(Qt::FontRole);
+    const int width =
+        font.isValid()
+            ? QFontMetrics(qvariant_cast<QFont>(font).resolve(option.font)).horizontalAdvance(text)
+            : option.fontMetrics.horizontalAdvance(text);
+    return {width + 3 * line / 2 + mark, 3 * line / 2};
   }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,

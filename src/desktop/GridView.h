@@ -17,6 +17,8 @@ class GridView : public QTableView {
   GridView(const KeyGrid& keyGrid, int gridNumber, QWidget* parent = nullptr);
 
   void Refresh();
+  /// How each row was before; empty for a row that is as it was.
+  void ShowChanges(std::vector<QString> tips) { texts.ShowChanges(std::move(tips)); }
   /// Shows what is found at the rows.
   void ShowMarks(std::vector<KeyGridModel::RowMark> marks);
 

@@ -1,5 +1,8 @@
 #include "desktop/KeyGridModel.h"
 
+#include <QFont>
+#include <utility>
+
 #include "beside/Announced.h"
 #include "desktop/QtText.h"
 
@@ -48,6 +51,13 @@ bool KeyGridModel::Show(std::vector<RowMark> next) {
   return true;
 }
 
+void KeyGridModel::ShowChanges(std::vector<QString> next) {
+  if (next == changes) return;
+  changes = std::move(next);
+  if (!rows.empty())
+    emit dataChanged(index(0, 0), index(static_cast<int>(rows.size()) - 1, shownColumns - 1));
+}
+
 int KeyGridModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(rows.size());
 }
@@ -56,13 +66,24 @@ int KeyGridModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : shownColumns;
 }
 
+QVariant KeyGridModel::TipOf(std::size_t row) const {
+  QStringList tips;
+  if (row < marks.size()) tips << marks[row].tip;
+  if (row < changes.size()) tips << changes[row];
+  tips.removeAll(QString());
+  return tips.isEmpty() ? QVariant() : tips.join('\n');
+}
+
 QVariant KeyGridModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const auto row = static_cast<std::size_t>(index.row());
-  if (row < marks.size()) {
-    if (role == markRole) return static_cast<int>(marks[row].mark);
-    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
-      return marks[row].tip.isEmpty() ? QVariant() : marks[row].tip;
+  if (role == markRole) return static_cast<int>(row < marks.size() ? marks[row].mark : Mark::none);
+  if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) return TipOf(row);
+  if (role == Qt::FontRole) {
+    if (row >= changes.size() || changes[row].isEmpty()) return {};
+    QFont bold;
+    bold.setBold(true);
+    return bold;
   }
   if (role == announcedRole) return !AnnouncesActions(number) || places[row] != 0;
   if (index.column() == placeColumn) {

@@ -39,6 +39,10 @@ class KeyGridModel : public QAbstractTableModel {
   /// has changed.
   bool Refresh();
 
+  /// Takes over how each row was before, as a tip; empty for a row that is as it was. A row that
+  /// differs is bold.
+  void ShowChanges(std::vector<QString> next);
+
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -47,12 +51,14 @@ class KeyGridModel : public QAbstractTableModel {
  private:
   using Texts = std::array<QString, formColumns>;
   Texts TextsOf(int gridRow) const;
+  QVariant TipOf(std::size_t row) const;
 
   const KeyGrid& grid;
   int number;
   Texts heading;
   std::vector<Texts> rows;
   std::vector<RowMark> marks;
+  std::vector<QString> changes;
   std::vector<int> places;  ///< counted from 1; 0 for a row that is not announced
 };
 

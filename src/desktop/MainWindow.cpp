@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -12,9 +13,12 @@
 #include "beside/StepNames.h"
 #include "desktop/AboutDialog.h"
 #include "desktop/BesideViews.h"
+#include "desktop/ChangeTexts.h"
+#include "desktop/ChangesDialog.h"
 #include "desktop/EditMenu.h"
 #include "desktop/FileSafetyView.h"
 #include "desktop/FocusFilter.h"
+#include "desktop/GridView.h"
 #include "desktop/KeyMapItems.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
@@ -22,6 +26,7 @@
 #include "desktop/ScreenFit.h"
 #include "desktop/SetupPage.h"
 #include "desktop/Spoken.h"
+#include "desktop/StatusLine.h"
 #include "desktop/TabPage.h"
 #include "desktop/Texts.h"
 #include "desktop/Translations.h"
@@ -63,6 +68,7 @@ MainWindow::MainWindow(Program& theProgram)
   beside = std::make_unique<BesideViews>(form, *this, views, *focus);
   middle->addWidget(&beside->Panel());
   safety = std::make_unique<FileSafetyView>(program, *this, entry);
+  BuildStatus();
   SetTabOrders();
   ListenToControls();
   form.hWnd = static_cast<std::uintptr_t>(winId());
@@ -123,7 +129,8 @@ void MainWindow::NameServer(const QString& name) {
 
 void MainWindow::ShowTitle() {
   const QString caption = ToQt(form.Caption);
-  setWindowTitle(serverName.isEmpty() ? caption : caption + " - " + serverName);
+  setWindowTitle((serverName.isEmpty() ? caption : caption + " - " + serverName) + "[*]");
+  setWindowModified(history.HasUnsaved());
 }
 
 void MainWindow::PlaceDocuments() {
@@ -193,7 +200,39 @@ void MainWindow::Refresh() {
   editMenu->Refresh();
   safety->Refresh();
   keyMapItems->Refresh();
+  status->Refresh(history.SavedAt());
+  ShowTitle();
+  ShowChanges();
   focus->MirrorFocus();
+}
+
+void MainWindow::BuildStatus() {
+  status = std::make_unique<StatusLine>(form, *statusBar());
+  editMenu->done = [this](const QString& text) { status->Announce(text); };
+  status->findingsWanted = [this] { findChild<QAction*>("mnuNextFinding")->trigger(); };
+  editMenu->AddSeparator();
+  editMenu->Add(*findChild<QAction*>("mnuFindAction"));
+  // The list is no step of the user's: what is done from it are steps.
+  QAction& changes = editMenu->Add("mnuChanges", 1463, [] {});
+  connect(&changes, &QAction::triggered, this, [this] { OpenChanges(); });
+}
+
+void MainWindow::ShowChanges() {
+  const std::vector<Change> changes = history.Changes();
+  for (int i = 0; i < gridCount; ++i)
+    static_cast<GridView*>(views.FocusWidget(&At(form.gridKeyMap, i)))
+        ->ShowChanges(ChangeTips(form, i, changes));
+}
+
+void MainWindow::OpenChanges() {
+  ChangesDialog dialog(history, entry, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const Change& wanted = dialog.Wanted();
+  if (!wanted.token.empty()) return focus->GoTo(wanted.grid, wanted.token);
+  entry.Run([&] {
+    if (form.focus.MoveByUser(form.SSTab1))
+      form.SSTab1.SetTab(wanted.kind == Change::Kind::box ? setupTab : wanted.grid);
+  });
 }
 
 void MainWindow::Pick(MenuItem& item) {

@@ -17,6 +17,7 @@ class AboutDialog;
 class BesideViews;
 class EditMenu;
 class FileSafetyView;
+class StatusLine;
 class FocusFilter;
 class KeyMapItems;
 class Menus;
@@ -65,10 +66,14 @@ class MainWindow : public QMainWindow {
   void BuildTabs();
   void BuildBottom();
   void PlaceDocuments();
-  void ShowTitle();
   void ListenToControls();
   void Pick(MenuItem& item);
   void SetTabOrders();
+  void BuildStatus();
+  void ShowTitle();
+  /// Marks the rows that differ from what was loaded or saved last.
+  void ShowChanges();
+  void OpenChanges();
 
   Program& program;
   frmMain& form;
@@ -82,6 +87,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<EditMenu> editMenu;
   std::unique_ptr<FileSafetyView> safety;
   std::unique_ptr<KeyMapItems> keyMapItems;
+  std::unique_ptr<StatusLine> status;
   std::unique_ptr<AboutDialog> about;
   QTabWidget* tabs = nullptr;
   SetupPage* setup = nullptr;

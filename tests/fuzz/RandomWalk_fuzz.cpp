@@ -158,12 +158,19 @@ class Walk {
     }
     loads = form.loads;
     const std::size_t depth = user.Steps().Depth();
-    if (left && !entries.empty()) entries.back().after.clear();
-    const bool goesOn = typed && IsTyped() && !ofMenu && depth == entries.size();
-    if (goesOn && !entries.empty()) entries.back().after = Picture();
+    if (!entries.empty() && entries.back().isTyping) {
+      if (left) entries.back().after.clear();
+      if (typed && IsTyped() && !ofMenu && depth == entries.size())
+        entries.back().after = Picture();
+      entries.back().isTyping = IsTyped();
+    }
+    if (!typed) typingStart = before;
+    if (ofMenu && depth > entries.size()) typingStart = Picture();
+    const bool typesOn = typed && IsTyped() && !ofMenu;
     while (entries.size() > depth) entries.pop_back();
     while (entries.size() < depth)
-      entries.push_back(left || entries.size() + 1 < depth ? Entry{} : Entry{before, Picture()});
+      entries.push_back(left || entries.size() + 1 < depth ? Entry{}
+                                                           : Entry{typesOn ? typingStart : before, Picture(), IsTyped() && !ofMenu});
   }
 
   /// Undoes all that can be undone and does it again: the form stands as it stood on the way there,
@@ -171,13 +178,14 @@ class Walk {
   void WalkBackAndForth() {
     const Files files = store.All();
     const std::vector<Change> changes = user.Steps().Changes();
+    const bool isUndone = user.Steps().Depth() > 0;
     while (user.Undo() == Outcome::done) {
       const std::size_t depth = user.Steps().Depth();
       Did("undo");
       if (!entries.at(depth).before.empty() && entries.at(depth).before != Picture())
         Fail("not as it was:\n" + entries.at(depth).before + "but\n" + Picture());
     }
-    if (!hasSaved && (!user.Steps().Changes().empty() || form.cmdSave.Enabled))
+    if (!hasSaved && (!user.Steps().Changes().empty() || (isUndone && form.cmdSave.Enabled)))
       Fail("changes after all was taken back");
     while (user.Redo() == Outcome::done) {
       const std::size_t depth = user.Steps().Depth();
@@ -329,8 +337,10 @@ class Walk {
 
   struct Entry {
     std::string before, after;
+    bool isTyping = false;  ///< in a box that is not left yet
   };
   std::vector<Entry> entries;
+  std::string typingStart;
   int loads = 0;
   bool hasSaved = false;  ///< since the last load
 };

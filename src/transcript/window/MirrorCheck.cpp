@@ -103,7 +103,7 @@ void CompareWidget(const Control& control, const QWidget& widget, Comparison& co
 
 std::string MirrorDifference(const frmMain& form, MainWindow& window) {
   Comparison compare;
-  compare.Same("title", window.windowTitle(), ToQt(form.Caption));
+  compare.Same("title", window.windowTitle(), ToQt(form.Caption) + "[*]");
   for (const Control* each : form.Controls) {
     const Control& control = *each;
     if (const auto* item = dynamic_cast<const MenuItem*>(each)) {

@@ -1,0 +1,62 @@
+#include "desktop/StatusLine.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include "beside/Findings.h"
+#include "beside/StatusTexts.h"
+#include "desktop/LanguageFontResolver.h"
+#include "desktop/QtText.h"
+#include "shell/frmMain.h"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int announcementTime = 6000;  // milliseconds
+
+}  // namespace
+
+StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& statusBar)
+    : form(mainForm),
+      bar(statusBar),
+      server(new QLabel),
+      findings(new QToolButton),
+      saved(new QLabel) {
+  server->setObjectName("statusServer");
+  findings->setObjectName("statusFindings");
+  saved->setObjectName("statusSaved");
+  findings->setAutoRaise(true);
+  // The keyboard stays in the form.
+  findings->setFocusPolicy(Qt::NoFocus);
+  connect(findings, &QToolButton::clicked, this, [this] {
+    if (findingsWanted) findingsWanted();
+  });
+  bar.addPermanentWidget(server);
+  bar.addPermanentWidget(findings);
+  bar.addPermanentWidget(saved);
+}
+
+void StatusLine::Refresh(const std::string& savedAt) {
+  const QFont font = LanguageFont(form.cmdSave.Font);
+  for (QWidget* part : {static_cast<QWidget*>(server), static_cast<QWidget*>(findings),
+                        static_cast<QWidget*>(saved)})
+    part->setFont(font);
+  const std::size_t count = Findings(form).size();
+  server->setText(ToQt(ServerStatus(form)));
+  findings->setText(ToQt(FindingsStatus(form, count)));
+  findings->setEnabled(count != 0);
+  saved->setText(ToQt(SaveStatus(form, savedAt)));
+  saved->setVisible(!saved->text().isEmpty());
+}
+
+void StatusLine::Announce(const QString& text) {
+  bar.showMessage(text, announcementTime);
+  bar.setAccessibleName(text);
+  QAccessibleEvent event(&bar, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace dialwright
