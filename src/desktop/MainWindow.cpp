@@ -61,7 +61,7 @@ MainWindow::MainWindow(Program& theProgram)
 
   BuildTabs();
   BuildBottom();
-  menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { Pick(item); });
+  menus = std::make_unique<Menus>(form, MakeMenuBar(*this), [this](MenuItem& item) { Pick(item); });
   editMenu = std::make_unique<EditMenu>(form, history, *menuBar(), entry);
   keyMapItems = std::make_unique<KeyMapItems>(form, history, *this, *editMenu);
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);

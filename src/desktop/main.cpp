@@ -40,7 +40,11 @@ void RunProgram(const Place& place, Opening& opening) {
   dispatch.Run([&] { Form_Load(*program.main); });
   if (!dispatch.Ended()) {
     window.Open();
-    QTimer::singleShot(0, &window, [&] { opening.Opened(place); });
+    // Behind the first paint, which waits for neither.
+    QTimer::singleShot(0, &window, [&] {
+      QApplication::setWindowIcon(QIcon(DrawServer(64)));
+      opening.Opened(place);
+    });
     QApplication::exec();
   }
   messages.window = nullptr;
@@ -56,7 +60,7 @@ int main(int argc, char** argv) {
   DisplayFound();
   QApplication::setApplicationName(programTitle);
   QApplication::setStyle(new FontStyle);
-  QApplication::setWindowIcon(QIcon(DrawServer(64)));
+  QGuiApplication::setDesktopFileName("dialwright");
   // The window says when the program ends; a closed help window does not.
   QApplication::setQuitOnLastWindowClosed(false);
   try {

@@ -35,6 +35,7 @@ OpenServerDialog::OpenServerDialog(QString shipped, const QString& fault, bool i
     : QDialog(parent), shippedFolder(std::move(shipped)) {
   setObjectName("openServer");
   setWindowTitle(Text(1550));
+  setWindowIcon(QIcon(DrawServer(64)));
   Build(isFirst);
   Tell(fault);
 }
