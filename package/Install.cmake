@@ -14,7 +14,7 @@ set(CPACK_VERBATIM_VARIABLES ON)
 set(shipped FILES_MATCHING
   PATTERN "Blank_Map_Template*.htm" PATTERN "SubMsgPlay_*.cde" PATTERN "Dialwright*.dll"
   PATTERN "Dialwright*.chm" PATTERN "XMLShots/*.XML" PATTERN "PDFFoldoutBuilder/*.class"
-  PATTERN "PDFFoldoutBuilder/*.jar"
+  PATTERN "PDFFoldoutBuilder/*.jar" PATTERN "translations/*.qm"
   PATTERN "PDF" EXCLUDE PATTERN "Backup" EXCLUDE PATTERN "licences" EXCLUDE PATTERN "sample" EXCLUDE
   PATTERN "drive_?" EXCLUDE)
 
