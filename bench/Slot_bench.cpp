@@ -127,8 +127,8 @@ BENCHMARK(BesideKeypad);
 BENCHMARK(BesideKey);
 BENCHMARK(BesideSearch);
 
-/// A day's work: that many keys typed, each a step of its own. What the history of it takes, and the
-/// slowest step back.
+/// A day's work: that many keys typed, each a step of its own. What the history of it takes, and
+/// the slowest step back.
 void BesideHistory(benchmark::State& state) {
   constexpr int edits = 5000;
   Slot slot(16 * kilobyte);

@@ -72,7 +72,8 @@ void AddMenuChanges(std::vector<Change>& changes, int grid, const std::vector<Co
 }  // namespace
 
 bool CountsAsVoiced(int grid, std::string_view token, std::string_view order) {
-  return SaysItsActions(grid) && !(grid == afterMessageGrid && IsSavedAsNotVoiced(token)) && order != notVoiced;
+  return SaysItsActions(grid) && !(grid == afterMessageGrid && IsSavedAsNotVoiced(token)) &&
+         order != notVoiced;
 }
 
 Content ContentOf(const Snapshot& snapshot, TypedText typed) {

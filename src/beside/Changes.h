@@ -25,9 +25,7 @@ struct Content {
 };
 
 /// Whether a menu says its actions, so that their order in it counts only while they are voiced.
-constexpr bool SaysItsActions(int grid) {
-  return grid == mainMenuGrid || grid == afterMessageGrid;
-}
+constexpr bool SaysItsActions(int grid) { return grid == mainMenuGrid || grid == afterMessageGrid; }
 
 /// Whether a save would write a row as one that its menu says.
 bool CountsAsVoiced(int grid, std::string_view token, std::string_view order);
@@ -44,10 +42,10 @@ bool IsSame(const Content& a, const Content& b);
 struct Change {
   enum class Kind { key, voiced, silent, order, box };
   Kind kind = Kind::key;
-  int grid = -1;             ///< -1 for a setup box
-  std::string token;         ///< of the row
-  std::string before, now;   ///< the keys; "0" or "1" of a setup box
-  std::size_t option = 0;    ///< the setup box's row of the setup table
+  int grid = -1;            ///< -1 for a setup box
+  std::string token;        ///< of the row
+  std::string before, now;  ///< the keys; "0" or "1" of a setup box
+  std::size_t option = 0;   ///< the setup box's row of the setup table
 
   friend bool operator==(const Change&, const Change&) = default;
 };

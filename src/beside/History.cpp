@@ -148,7 +148,8 @@ void History::GoTo(const Snapshot& snapshot) {
   PutBack(form, snapshot);
   // A text that the user was typing there is typed on, unless the focus has a place of its own.
   EditBox* box = snapshot.tab < gridCount ? &At(form.txtKeyAssignment, snapshot.tab) : nullptr;
-  if (box != nullptr && box->Typed() && form.focus.ActiveControl() == nullptr) form.focus.Give(*box);
+  if (box != nullptr && box->Typed() && form.focus.ActiveControl() == nullptr)
+    form.focus.Give(*box);
   last = TakeSnapshot(form, texts, snapshot);
   stepStart = last;
   ++step;

@@ -97,15 +97,15 @@ class History {
   std::vector<Entry> entries;
   std::size_t done = 0;  ///< entries that are not taken back
 
-  Snapshot last;         ///< the latest picture
-  Snapshot stepStart;    ///< where the present step began
+  Snapshot last;       ///< the latest picture
+  Snapshot stepStart;  ///< where the present step began
   StepNumber step = 0;
   std::string stepName;
-  int typingGrid = -1;   ///< the box that the user is typing in, over several steps
+  int typingGrid = -1;  ///< the box that the user is typing in, over several steps
   StepNumber typingStep = 0;
   Snapshot typingStart;
 
-  int loads = -1;      ///< of the form, at the last look
+  int loads = -1;  ///< of the form, at the last look
   StepNumber loadStep = -1;
   bool saved = false;  ///< since then, wholly
   std::string savedAt;

@@ -49,8 +49,9 @@ Rows InOrder(Rows rows, const std::map<std::string_view, std::size_t>& places) {
 Rows TakenIn(Rows rows, int grid, const KeyMapMenu& menu, std::vector<SkippedAction>& skipped) {
   std::map<std::string_view, std::size_t> places;
   for (const KeyMapRow& taken : menu) {
-    const auto row = std::ranges::find_if(
-        rows, [&](const KeyGrid::Cells& cells) { return Cell(cells, Column::ActionToken) == taken.action; });
+    const auto row = std::ranges::find_if(rows, [&](const KeyGrid::Cells& cells) {
+      return Cell(cells, Column::ActionToken) == taken.action;
+    });
     if (row == rows.end()) {
       skipped.push_back({grid, taken.action});
       continue;

@@ -56,8 +56,8 @@ struct SkippedAction {
 
 /// The rows of a grid behind the taking in of a menu: rows that it names take their keys. Where
 /// actions are announced the rows that it voices come first, in its order, then the other voiced
-/// ones; an action that is never voiced and is silent stays so. What the grid does not have is added
-/// to `skipped`.
+/// ones; an action that is never voiced and is silent stays so. What the grid does not have is
+/// added to `skipped`.
 std::vector<KeyGrid::Cells> TakenIn(std::vector<KeyGrid::Cells> rows, int grid,
                                     const KeyMapMenu& menu, std::vector<SkippedAction>& skipped);
 

@@ -53,8 +53,7 @@ std::string MenusText(const ControlArray<KeyMapMenu>& menus) {
     if (i > 0) text += ",";
     text += fresh || !menu.empty() ? "\n    " : " ";
     text += JsonText(At(menuNames, i)) + ": [";
-    for (const KeyMapRow& row : menu)
-      text += (&row == &menu.front() ? "\n" : ",\n") + RowText(row);
+    for (const KeyMapRow& row : menu) text += (&row == &menu.front() ? "\n" : ",\n") + RowText(row);
     text += menu.empty() ? "]" : "\n    ]";
     fresh = !menu.empty();
   }
@@ -195,9 +194,8 @@ std::string KeyMapText(const KeyMap& map) {
   return "{\n  \"format\": " + JsonText(formatName) +
          ",\n  \"version\": " + std::to_string(formatVersion) +
          ",\n  \"edition\": " + JsonText(map.edition) + ",\n  \"server\": " + JsonText(map.server) +
-         ",\n  \"slot\": " + std::to_string(map.slot) +
-         ",\n  \"menus\": {" + MenusText(map.menus) + "\n  }" +
-         (map.setup ? SetupText(*map.setup) : "") + "\n}\n";
+         ",\n  \"slot\": " + std::to_string(map.slot) + ",\n  \"menus\": {" + MenusText(map.menus) +
+         "\n  }" + (map.setup ? SetupText(*map.setup) : "") + "\n}\n";
 }
 
 KeyMap ParseKeyMap(std::string_view bytes) {

@@ -43,8 +43,8 @@ bool AreOfOneRow(const std::vector<Change>& changes) {
 }  // namespace
 
 std::string StepName(const frmMain& form, const Snapshot& before, const Snapshot& after) {
-  const std::vector<Change> changes = ChangesBetween(ContentOf(before, TypedText::counts),
-                                                     ContentOf(after, TypedText::counts));
+  const std::vector<Change> changes =
+      ChangesBetween(ContentOf(before, TypedText::counts), ContentOf(after, TypedText::counts));
   if (changes.empty()) return form.program.mymyLoadString(typing);
   const Change& first = changes.front();
   if (!AreOfOneRow(changes)) return form.program.mymyLoadString(severalChanges);
@@ -59,8 +59,9 @@ std::string StepName(const frmMain& form, const Snapshot& before, const Snapshot
     case Change::Kind::box:
       break;
   }
-  return changes.size() > 1 ? form.program.mymyLoadString(severalChanges)
-                            : ReplaceAll((form.*SetupOptions()[first.option].box).Caption(), "&", "");
+  return changes.size() > 1
+             ? form.program.mymyLoadString(severalChanges)
+             : ReplaceAll((form.*SetupOptions()[first.option].box).Caption(), "&", "");
 }
 
 std::string RevertName(const frmMain& form, std::string_view label) {

@@ -37,8 +37,9 @@ void Describe(CLI::App& app, Command& command) {
   app.add_option("--server", command.server,
                  "folder with server.reg and drive_c, in place of this machine's own server")
       ->type_name("FOLDER");
-  app.footer("Ends with 0, or 1 where something was found, refused or differs, 2 for wrong use, 3 for a\n"
-             "server or file that cannot be read.");
+  app.footer(
+      "Ends with 0, or 1 where something was found, refused or differs, 2 for wrong use, 3 for a\n"
+      "server or file that cannot be read.");
 
   CLI::App* check = app.add_subcommand("check", "print what a save would refuse, and cautions");
   AddSlot(*check, command, "this slot alone");
@@ -74,11 +75,8 @@ ExitCode Run(const Command& command, const Terminal& terminal) {
     std::string_view name;
     ExitCode (*run)(const Command&, const Terminal&);
   };
-  constexpr Row rows[] = {{"check", Check},
-                          {"show", Show},
-                          {"export", Export},
-                          {"apply", Apply},
-                          {"diff", Diff}};
+  constexpr Row rows[] = {
+      {"check", Check}, {"show", Show}, {"export", Export}, {"apply", Apply}, {"diff", Diff}};
   return std::ranges::find(rows, command.name, &Row::name)->run(command, terminal);
 }
 

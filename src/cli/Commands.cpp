@@ -106,7 +106,8 @@ ExitCode Check(const Command& command, const Terminal& terminal) {
       PrintFinding(form, finding, terminal.results, terminal.colour);
     }
   }
-  if (command.json) terminal.results << server.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  if (command.json)
+    terminal.results << server.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
   return refused ? ExitCode::found : ExitCode::done;
 }
 
@@ -117,9 +118,8 @@ ExitCode Show(const Command& command, const Terminal& terminal) {
     terminal.results << KeyMapText(KeyMapOf(form));
     return ExitCode::done;
   }
-  terminal.results << EditionName(form) << ' '
-                   << form.program.server.currentVersion.strVersion << ", "
-                   << SlotText(form.program, slotHeading, SelectedSlot(form)) << '\n';
+  terminal.results << EditionName(form) << ' ' << form.program.server.currentVersion.strVersion
+                   << ", " << SlotText(form.program, slotHeading, SelectedSlot(form)) << '\n';
   for (int grid = 0; grid < gridCount; ++grid) ShowMenu(form, grid, terminal.results);
   ShowSetup(form, terminal.results);
   return ExitCode::done;

@@ -17,9 +17,7 @@ namespace fs = std::filesystem;
   throw CommandFailure{ExitCode::unreadable, path + ": " + fault.message()};
 }
 
-std::error_code LastFault() {
-  return {errno == 0 ? EIO : errno, std::generic_category()};
-}
+std::error_code LastFault() { return {errno == 0 ? EIO : errno, std::generic_category()}; }
 
 bool Wrote(const fs::path& path, std::string_view bytes) {
   errno = 0;

@@ -28,10 +28,10 @@ ServerDesk::ServerDesk(const std::optional<std::string>& folder, int slot, std::
     : host(OpenHost(folder)),
       files(writing == Writing::onDisk ? *host.files : overlay),
       boxes(words),
-      program(Services{files, *host.registry, *host.clock, processes, boxes, checksums,
-                       *host.languages, help,
-                       writing == Writing::onDisk ? EarlierFolder() : std::string()},
-              host.programFolder, "Dialwright") {
+      program(
+          Services{files, *host.registry, *host.clock, processes, boxes, checksums, *host.languages,
+                   help, writing == Writing::onDisk ? EarlierFolder() : std::string()},
+          host.programFolder, "Dialwright") {
   ConnectEvents(Form());
   try {
     Start(slot);

@@ -8,8 +8,7 @@ int main(int argc, char** argv) {
   using namespace dialwright;
   try {
     const bool colour = PrepareOutput();
-    const ExitCode code =
-        RunCommandLine(HostArguments(argc, argv), {std::cout, std::cerr, colour});
+    const ExitCode code = RunCommandLine(HostArguments(argc, argv), {std::cout, std::cerr, colour});
     // What a full disk or a closed pipe has swallowed was not printed.
     return static_cast<int>(std::cout.flush() ? code : ExitCode::unreadable);
   } catch (const std::exception& failure) {

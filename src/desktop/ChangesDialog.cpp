@@ -91,13 +91,12 @@ void ChangesDialog::Fill() {
       heading.setBold(true);
       menu->setFont(0, heading);
     }
-    auto* item = new QTreeWidgetItem(menu, {ChangedThing(form, change), BeforeText(form, change),
-                                            NowText(form, change)});
+    auto* item = new QTreeWidgetItem(
+        menu, {ChangedThing(form, change), BeforeText(form, change), NowText(form, change)});
     item->setData(0, Qt::UserRole, static_cast<uint>(i));
   }
   if (changes.empty()) {
-    auto* nothing =
-        new QTreeWidgetItem(list, {ToQt(form.program.mymyLoadString(nothingDiffers))});
+    auto* nothing = new QTreeWidgetItem(list, {ToQt(form.program.mymyLoadString(nothingDiffers))});
     nothing->setFirstColumnSpanned(true);
   }
   QTreeWidgetItem* first = list->topLevelItem(0);

@@ -44,7 +44,8 @@ EditMenu::EditMenu(frmMain& mainForm, History& steps, QMenuBar& menuBar, Dispatc
   items[0].action->setShortcut(QKeySequence("Ctrl+Z"));
   items[1].action->setShortcuts({QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")});
   AddSeparator();
-  Add("mnuRevertRow", revertRow, [this] { history.Revert(); },
+  Add(
+      "mnuRevertRow", revertRow, [this] { history.Revert(); },
       [this] { return history.CanRevert(); });
   Refresh();
 }

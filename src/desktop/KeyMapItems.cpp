@@ -40,7 +40,7 @@ QString Title(const frmMain& form, int number) {
 }  // namespace
 
 KeyMapItems::KeyMapItems(frmMain& mainForm, History& steps, MainWindow& mainWindow,
-                       EditMenu& editMenu)
+                         EditMenu& editMenu)
     : form(mainForm), history(steps), window(mainWindow), folder(QDir::homePath()) {
   askPath = [this](Asked what) { return AskPath(what); };
   tell = [this](const KeyMapNews& news) { Tell(news); };

@@ -31,8 +31,8 @@ Lines LinesOf(std::string_view text) {
   return lines;
 }
 
-/// The furthest places on each diagonal after 0, 1, 2, ... edits (the greedy way of E. W. Myers), up
-/// to the one that reaches the ends of both; empty if there would be too many.
+/// The furthest places on each diagonal after 0, 1, 2, ... edits (the greedy way of E. W. Myers),
+/// up to the one that reaches the ends of both; empty if there would be too many.
 std::vector<std::vector<int>> FurthestPlaces(const Lines& before, const Lines& after) {
   const int from = static_cast<int>(before.size());
   const int to = static_cast<int>(after.size());
@@ -82,7 +82,9 @@ std::vector<Edit> EditsOf(const Lines& before, const Lines& after) {
   };
   for (int count = static_cast<int>(steps.size()) - 1; count > 0; --count) {
     const std::vector<int>& last = steps[static_cast<std::size_t>(count - 1)];
-    const auto at = [&](int diagonal) { return last[static_cast<std::size_t>(diagonal + count - 1)]; };
+    const auto at = [&](int diagonal) {
+      return last[static_cast<std::size_t>(diagonal + count - 1)];
+    };
     const int k = x - y;
     const bool down = k == -count || (k != count && at(k - 1) < at(k + 1));
     const int fromX = down ? at(k + 1) : at(k - 1);
@@ -121,7 +123,8 @@ std::string Hunks(const std::vector<Edit>& edits) {
     }
   };
   for (;;) {
-    const auto change = std::find_if(edits.begin() + static_cast<std::ptrdiff_t>(at), edits.end(), isChange);
+    const auto change =
+        std::find_if(edits.begin() + static_cast<std::ptrdiff_t>(at), edits.end(), isChange);
     if (change == edits.end()) return text;
     std::size_t end = static_cast<std::size_t>(change - edits.begin());
     pass(end - std::min(contextLines, end - at));

@@ -31,7 +31,7 @@ Outcome ClickInAbout(frmAbout& about, std::string_view name) {
 
 }  // namespace
 
-HeadlessUser::HeadlessUser(Program& theProgram) 
+HeadlessUser::HeadlessUser(Program& theProgram)
     : program(theProgram), form(*theProgram.main), history(form) {}
 
 Outcome HeadlessUser::MoveTo(Control& control) {

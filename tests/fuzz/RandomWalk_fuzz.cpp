@@ -1,8 +1,8 @@
 // Plays random steps of a user at a whole program, chosen by the bytes, and looks at what always
 // holds: a row has one token, once; voiced orders are 10, 20, 30, ...; a refused section's keys are
 // untouched; nothing of a file changes but the keys of section MACROS and the checksum line; the
-// derived lists are what their plain definition gives; all steps undone and done again show the form as
-// it stood on the way there.
+// derived lists are what their plain definition gives; all steps undone and done again show the
+// form as it stood on the way there.
 
 #include <algorithm>
 #include <cstdio>
@@ -169,8 +169,10 @@ class Walk {
     const bool typesOn = typed && IsTyped() && !ofMenu;
     while (entries.size() > depth) entries.pop_back();
     while (entries.size() < depth)
-      entries.push_back(left || entries.size() + 1 < depth ? Entry{}
-                                                           : Entry{typesOn ? typingStart : before, Picture(), IsTyped() && !ofMenu});
+      entries.push_back(
+          left || entries.size() + 1 < depth
+              ? Entry{}
+              : Entry{typesOn ? typingStart : before, Picture(), IsTyped() && !ofMenu});
   }
 
   /// Undoes all that can be undone and does it again: the form stands as it stood on the way there,

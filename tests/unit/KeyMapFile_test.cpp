@@ -85,7 +85,8 @@ TEST(KeyMapFile, IsRefusedWithThePlaceOfItsFault) {
       {std::string(longestKeyMapFile + 1, ' '), "larger than 1 MB"},
       {"[]", "no key map file"},
       {"{\"format\": \"other\", \"version\": 1}", "no key map file"},
-      {R"({"format": "dialwright key map", "version": 2})", "version 2; this Dialwright reads version 1"},
+      {R"({"format": "dialwright key map", "version": 2})",
+       "version 2; this Dialwright reads version 1"},
       {R"({"format": "dialwright key map", "version": "1"})", "version: "},
       {Filed(R"("menus": [])"), "menus: "},
       {Filed(R"("slot": "1")"), "slot: "},
@@ -100,7 +101,8 @@ TEST(KeyMapFile, IsRefusedWithThePlaceOfItsFault) {
       {row(R"({"action": "A", "key": "1\t"})"), "main, A: the key holds a character"},
       {row(R"({"action": "A", "key": "\""})"), "main, A: the key holds a character"},
       {row(R"({"action": "A", "key": "é"})"), "main, A: the key holds a character"},
-      {row(R"({"action": "A", "key": ")" + longest + "1\"}"), "main, A: the key is longer than 126"},
+      {row(R"({"action": "A", "key": ")" + longest + "1\"}"),
+       "main, A: the key is longer than 126"},
   };
   for (const auto& [bytes, place] : rows)
     EXPECT_NE(FaultOf(bytes).find(place), std::string::npos)

@@ -40,8 +40,9 @@ TEST(RegistryFileTest, ValuesInEveryEncoding) {
   std::string values = "\r\n; a comment\r\n[HKEY_LOCAL_MACHINE\\Software\\Quillon]\r\n";
   for (const auto& [line, name, value] : cases) values += line + "\r\n";
   const std::string version5 = "Windows Registry Editor Version 5.00\r\n" + values;
-  for (const std::string& file : {"\xFF\xFE" + Utf8ToUtf16(version5), "\xEF\xBB\xBF" + version5, version5,
-                                  Utf8ToAnsi(version5), Utf8ToAnsi("REGEDIT4\r\n" + values)}) {
+  for (const std::string& file :
+       {"\xFF\xFE" + Utf8ToUtf16(version5), "\xEF\xBB\xBF" + version5, version5,
+        Utf8ToAnsi(version5), Utf8ToAnsi("REGEDIT4\r\n" + values)}) {
     MemoryRegistry registry;
     ReadRegistryFile(file, registry);
     for (const auto& [line, name, value] : cases)

@@ -26,7 +26,8 @@ TEST(UnifiedDiff, ReplacesTextsThatHaveNothingInCommon) {
     before += "a" + std::to_string(i) + "\n";
     after += "b" + std::to_string(i) + "\n";
   }
-  EXPECT_EQ(UnifiedDiff("f", before, after).substr(0, 37), "--- f\n+++ f\n@@ -1,3000 +1,3000 @@\n-a0");
+  EXPECT_EQ(UnifiedDiff("f", before, after).substr(0, 37),
+            "--- f\n+++ f\n@@ -1,3000 +1,3000 @@\n-a0");
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 #include "cli/Host.h"
 
+// The shell's header does without the one that it needs.
+// clang-format off
 #include <windows.h>
-
+#include <shellapi.h>
+// clang-format on
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
 
 #include <cstdio>
 #include <memory>
@@ -34,8 +36,7 @@ Host OpenHost(const std::optional<std::string>& serverFolder) {
   Host host;
   if (serverFolder) {
     host.programFolder = AbsoluteFolder(*serverFolder);
-    host.files =
-        std::make_unique<FolderFiles>(host.programFolder, std::vector{EarlierFolder()});
+    host.files = std::make_unique<FolderFiles>(host.programFolder, std::vector{EarlierFolder()});
     host.registry = RegistryIn(host.programFolder, *host.files, host.programFolder);
   } else {
     host.programFolder = OwnFolder();
@@ -52,7 +53,8 @@ std::vector<std::string> HostArguments(int, char**) {
   const std::unique_ptr<LPWSTR[], decltype(&LocalFree)> words(
       CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
   std::vector<std::string> arguments;
-  for (int i = 1; i < count; ++i) arguments.push_back(NarrowText(words[static_cast<std::size_t>(i)]));
+  for (int i = 1; i < count; ++i)
+    arguments.push_back(NarrowText(words[static_cast<std::size_t>(i)]));
   return arguments;
 }
 

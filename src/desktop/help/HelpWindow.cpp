@@ -83,7 +83,7 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
   contents->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   const int character = fontMetrics().averageCharWidth();
   const int sideWidth = WidestTopic(*contents) + 5 * character;  // and its scroll bar
-  const int pageWidth = character * 134;  // as the widest picture
+  const int pageWidth = character * 134;                         // as the widest picture
   resize(sideWidth + pageWidth, fontMetrics().height() * 40);
   halves->setSizes({sideWidth, pageWidth});
 

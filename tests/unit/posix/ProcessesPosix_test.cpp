@@ -59,7 +59,8 @@ TEST_F(ProcessesPosixTest, Programs) {
   const std::tuple<std::string, std::string_view, std::string> cases[] = {
       {R"(java -classpath "C:\P\PDFFoldoutBuilder;C:\p\pdffoldoutbuilder\ITEXT-1.3.jar" FB)",
        R"(C:\P\PDFFoldoutBuilder)",
-       tool + "\n<" + bin + "/java>\n<-classpath>\n<" + tool + ":" + tool + "/itext-1.3.jar>\n<FB>\n"},
+       tool + "\n<" + bin + "/java>\n<-classpath>\n<" + tool + ":" + tool +
+           "/itext-1.3.jar>\n<FB>\n"},
       {R"(EXPLORER "C:\P\key mappings.HTM")", "C:\\",
        c + "\n<" + bin + "/xdg-open>\n<" + c + "/P/Key Mappings.htm>\n"},
       {R"("C:\BIN\java" "a b" $HOME `id` *;x)", "C:\\",
