@@ -46,7 +46,7 @@ install(DIRECTORY ${DIALWRIGHT_PROGRAM_DIR}/sample DESTINATION ${data}/dialwrigh
 # The desktop's: menu entry, pictures in the sizes that desktops ask for, and what software centres show.
 install(FILES package/dialwright.desktop DESTINATION ${data}/applications)
 install(FILES package/dialwright.svg DESTINATION ${data}/icons/hicolor/scalable/apps)
-find_program(DIALWRIGHT_CONVERT convert REQUIRED)
+find_program(DIALWRIGHT_CONVERT NAMES convert-im6.q16 convert REQUIRED)
 set(icons)
 foreach(side 16 22 24 32 48 64 128 256)
   set(icon ${CMAKE_BINARY_DIR}/icons/${side}.png)
