@@ -183,8 +183,9 @@ std::string FaultOfFiles(const Files& before, const Files& after, const Files& f
     if (now == whole || IsSectionWise(ScriptText(old), ScriptText(whole), ScriptText(now)))
       continue;
     if (!whole.starts_with(now)) return "neither old nor new: " + path;
-    const bool isKept = std::ranges::any_of(
-        found, [&](const auto& file) { return IsKept(file.first) && file.second == old; });
+    const bool isKept = std::ranges::any_of(found, [&bytes = old](const auto& file) {
+      return IsKept(file.first) && file.second == bytes;
+    });
     if (!isKept && std::ranges::any_of(found, [](const auto& f) { return IsKept(f.first); }))
       return "torn without a version to bring back: " + path;
     torn.push_back(path);
