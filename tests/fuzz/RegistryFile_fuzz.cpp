@@ -26,7 +26,7 @@ void Check(const std::string& bytes) {
   MemoryRegistry plain, wide, marked;
   ReadRegistryFile(bytes, plain);
   if (bytes.starts_with(utf16Mark) || bytes.starts_with("\xEF\xBB\xBF")) return;
-  const std::string utf8 = AnsiToUtf8(bytes);
+  const std::string utf8 = IsUtf8(bytes) ? bytes : AnsiToUtf8(bytes);
   ReadRegistryFile(std::string(utf16Mark) + Utf8ToUtf16(utf8), wide);
   ReadRegistryFile("\xEF\xBB\xBF" + utf8, marked);
   for (const std::string_view path : {"", "k", "k\\k", "K\\"})
