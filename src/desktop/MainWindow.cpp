@@ -22,6 +22,7 @@
 #include "desktop/KeyMapItems.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
+#include "desktop/PaneScroll.h"
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
 #include "desktop/SetupPage.h"
@@ -90,7 +91,7 @@ MainWindow::~MainWindow() {
 void MainWindow::BuildTabs() {
   for (int i = 0; i < gridCount; ++i) tabs->addTab(new TabPage(form, i, views), QString());
   setup = new SetupPage(form, views);
-  tabs->addTab(setup, QString());
+  tabs->addTab(new PaneScroll(*setup), QString());
   tabs->tabBar()->setElideMode(Qt::ElideNone);
   views.Join(form.SSTab1, *tabs);
 }

@@ -7,7 +7,7 @@
 
 namespace dialwright {
 
-PaneScroll::PaneScroll(QWidget& pane, QWidget* parent) : QScrollArea(parent) {
+PaneScroll::PaneScroll(QWidget& pane, int mostCharacters) : most(mostCharacters) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -23,9 +23,8 @@ PaneScroll::PaneScroll(QWidget& pane, QWidget* parent) : QScrollArea(parent) {
 }
 
 void PaneScroll::LimitWidth() {
-  constexpr int charactersOfALine = 72;  // longer ones read badly
-  setMaximumWidth(
-      std::max(fontMetrics().averageCharWidth() * charactersOfALine, minimumSizeHint().width()));
+  if (most == 0) return;
+  setMaximumWidth(std::max(fontMetrics().averageCharWidth() * most, minimumSizeHint().width()));
 }
 
 void PaneScroll::changeEvent(QEvent* event) {

@@ -4,11 +4,12 @@
 
 namespace dialwright {
 
-/// A pane that is as wide as it wants to be and scrolls where the window is too low for it, so that
+/// A pane that scrolls where the window is too low for it, so that
 /// what stands below stays in sight. What has the keyboard is scrolled into view.
 class PaneScroll : public QScrollArea {
  public:
-  explicit PaneScroll(QWidget& pane, QWidget* parent = nullptr);
+  /// `mostCharacters` limits the width of its lines; 0 is no limit.
+  explicit PaneScroll(QWidget& pane, int mostCharacters = 0);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -20,6 +21,8 @@ class PaneScroll : public QScrollArea {
  private:
   void LimitWidth();
   int Beside() const;
+
+  int most;
 };
 
 }  // namespace dialwright

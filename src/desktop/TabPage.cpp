@@ -133,7 +133,7 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   auto* columns = new QHBoxLayout;
   columns->setSpacing(16);
   columns->addWidget(grid, 3);
-  auto* scroll = new PaneScroll(*pane);
+  auto* scroll = new PaneScroll(*pane, 72);  // longer lines read badly
   columns->addWidget(scroll, 2);
 
   auto* page = new QVBoxLayout(this);

@@ -73,10 +73,14 @@ TEST(QtMessageBoxes, EachBearsTheMarkThatItIsAndNothingIsLostByEnter) {
       {MsgBoxMark::usual, MsgBoxButtons::YesNo, QMessageBox::Question, MsgBoxAnswer::Yes},
       {MsgBoxMark::loss, MsgBoxButtons::YesNo, QMessageBox::Warning, MsgBoxAnswer::No},
   };
+  QWidget owner;
+  owner.show();
   QtMessageBoxes messages("Program");
+  messages.window = &owner;
   for (const auto& row : rows) {
     WithNextBox([&row](QMessageBox& box) {
       EXPECT_EQ(box.icon(), std::get<2>(row));
+      EXPECT_EQ(box.windowModality(), Qt::WindowModal) << "the help stays open to reading";
       QTest::keyClick(&box, Qt::Key_Return);
     });
     EXPECT_EQ(messages.MarkedBox(std::get<0>(row), "text", std::get<1>(row), ""), std::get<3>(row));
@@ -161,7 +165,8 @@ static std::string CutWidget(const MainWindow& window) {
                          widget->inherits("QPushButton") || widget->inherits("QGroupBox");
     if (!widget->isVisible() || !hasText) continue;
     const auto* page = window.findChild<QTabWidget*>()->currentWidget();
-    const auto* scrolled = page->findChild<QScrollArea*>();
+    const auto* scrolled = qobject_cast<const QScrollArea*>(page);
+    if (scrolled == nullptr) scrolled = page->findChild<QScrollArea*>();
     const QSize needed = widget->minimumSizeHint();
     const auto* wrapped = dynamic_cast<const WrapLabel*>(widget);
     const int height =
@@ -215,6 +220,12 @@ TEST_F(MainWindowTest, NoTextIsCutOffInALargeFontOrALongLanguage) {
       control->Caption = text + " " + text.substr(0, text.size() / 2);
   expectWhole("longer texts too");
   QApplication::setFont(usual);
+}
+
+TEST_F(MainWindowTest, ItFitsASmallScreen) {
+  const QFontMetrics letters = window.fontMetrics();
+  EXPECT_LT(window.minimumSizeHint().height(), letters.height() * 28);
+  EXPECT_LT(window.minimumSizeHint().width(), letters.averageCharWidth() * 110);
 }
 
 TEST_F(MainWindowTest, ItComesUpInsideTheScreenWithItsFrame) {
