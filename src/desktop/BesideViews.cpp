@@ -92,7 +92,7 @@ void BesideViews::BuildMenu() {
 
 void BesideViews::ShowPanelWhereItFits(int windowWidth, int screenWidth) {
   const bool fits =
-      screenWidth >= wideScreen && windowWidth + panel->sizeHint().width() <= screenWidth;
+      screenWidth >= wideScreen && windowWidth + panel->minimumSizeHint().width() <= screenWidth;
   keypadItem->setChecked(fits);
   panel->setVisible(fits);
 }

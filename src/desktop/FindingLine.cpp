@@ -1,5 +1,6 @@
 #include "desktop/FindingLine.h"
 
+#include <QAccessible>
 #include <algorithm>
 
 #include "desktop/QtText.h"
@@ -48,6 +49,9 @@ void FindingLine::Show(const std::vector<Finding>& findings) {
   setText(all);
   setAccessibleName(spoken.join("\n"));
   setVisible(!lines.isEmpty());
+  if (lines.isEmpty()) return;
+  QAccessibleEvent said(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&said);
 }
 
 }  // namespace dialwright

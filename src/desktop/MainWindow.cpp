@@ -250,8 +250,9 @@ void MainWindow::Open() {
   const QSize wanted = centralWidget()->sizeHint();
   const int tabsWidth =
       tabs->tabBar()->sizeHint().width() + wanted.width() - tabs->sizeHint().width();
-  int width = std::max(wanted.width(), tabsWidth) * 9 / 8;
-  beside->ShowPanelWhereItFits(width, screen()->availableSize().width());
+  const int least = std::max(wanted.width(), tabsWidth);
+  int width = least * 9 / 8;
+  beside->ShowPanelWhereItFits(least, screen()->availableSize().width());
   if (beside->Panel().isVisibleTo(this))
     width += beside->Panel().sizeHint().width() + middle->spacing();
   ShowFitted(*this, QSize(width, fontMetrics().height() * 42));
