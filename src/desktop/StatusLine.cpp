@@ -19,11 +19,11 @@ constexpr int announcementTime = 6000;  // milliseconds
 
 }  // namespace
 
-StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& statusBar)
+StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& bar)
     : form(mainForm),
-      bar(statusBar),
       server(new QLabel),
       findings(new QToolButton),
+      told(new QLabel),
       saved(new QLabel) {
   server->setObjectName("statusServer");
   findings->setObjectName("statusFindings");
@@ -34,15 +34,19 @@ StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& statusBar)
   connect(findings, &QToolButton::clicked, this, [this] {
     if (findingsWanted) findingsWanted();
   });
-  bar.addPermanentWidget(server);
-  bar.addPermanentWidget(findings);
+  told->setObjectName("statusTold");
+  bar.addWidget(server);
+  bar.addWidget(findings);
+  bar.addWidget(told, 1);
   bar.addPermanentWidget(saved);
+  forget.setSingleShot(true);
+  connect(&forget, &QTimer::timeout, told, &QLabel::clear);
 }
 
 void StatusLine::Refresh(const std::string& savedAt) {
   const QFont font = LanguageFont(form.cmdSave.Font);
   for (QWidget* part : {static_cast<QWidget*>(server), static_cast<QWidget*>(findings),
-                        static_cast<QWidget*>(saved)})
+                        static_cast<QWidget*>(told), static_cast<QWidget*>(saved)})
     part->setFont(font);
   const std::size_t count = Findings(form).size();
   server->setText(ToQt(ServerStatus(form)));
@@ -53,9 +57,9 @@ void StatusLine::Refresh(const std::string& savedAt) {
 }
 
 void StatusLine::Announce(const QString& text) {
-  bar.showMessage(text, announcementTime);
-  bar.setAccessibleName(text);
-  QAccessibleEvent event(&bar, QAccessible::Alert);
+  told->setText(text);
+  forget.start(announcementTime);
+  QAccessibleEvent event(told, QAccessible::Alert);
   QAccessible::updateAccessibility(&event);
 }
 

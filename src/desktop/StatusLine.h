@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <string>
 
@@ -16,7 +17,7 @@ struct frmMain;
 /// the last save.
 class StatusLine : public QObject {
  public:
-  StatusLine(const frmMain& mainForm, QStatusBar& statusBar);
+  StatusLine(const frmMain& mainForm, QStatusBar& bar);
 
   /// `savedAt` is the time of the last save.
   void Refresh(const std::string& savedAt);
@@ -27,10 +28,11 @@ class StatusLine : public QObject {
 
  private:
   const frmMain& form;
-  QStatusBar& bar;
   QLabel* server;
   QToolButton* findings;
+  QLabel* told;
   QLabel* saved;
+  QTimer forget;
 };
 
 }  // namespace dialwright
