@@ -1,6 +1,7 @@
 #include "desktop/Translations.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QLibraryInfo>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 #include "desktop/QtText.h"
 #include "desktop/Texts.h"
 #include "language/EnglishStrings.h"
+#include "platform/FileStore.h"
 #include "shell/Program.h"
 
 namespace dialwright {
@@ -57,8 +59,9 @@ void Translations::Refresh() {
   spoken = wanted;
   QCoreApplication::removeTranslator(&toolkit);
   if (wanted.isEmpty()) return;
-  // Without the files beside the program, as while it is built, those of the machine serve.
-  for (const QString& folder : {QCoreApplication::applicationDirPath() + "/translations",
+  const QString own = ToQt(program.services.files.RealPath(program.folder + "\\translations"));
+  // Where the program folder has none those of the machine serve.
+  for (const QString& folder : {QDir::fromNativeSeparators(own),
                                 QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
     if (toolkit.load("qtbase_" + wanted, folder)) {
       QCoreApplication::installTranslator(&toolkit);

@@ -8,7 +8,7 @@ namespace dialwright {
 class Program;
 
 /// Lets the toolkit and the window's own texts speak the language of the moment: the toolkit's
-/// words from the translations beside the program file (translations/), the window's from the
+/// words from the program folder (translations/), the window's from the
 /// string table.
 class Translations {
  public:

@@ -18,7 +18,7 @@ constexpr ShippedFiles shippedFiles[] = {
     {"", "Blank_Map_Template", ".htm"}, {"", "SubMsgPlay_", ".cde"},
     {"", "Dialwright", ".dll"},         {"", "Dialwright", ".chm"},
     {"XMLShots", "", ".XML"},           {"PDFFoldoutBuilder", "", ".class"},
-    {"PDFFoldoutBuilder", "", ".jar"},
+    {"PDFFoldoutBuilder", "", ".jar"},  {"translations", "", ".qm"},
 };
 constexpr std::string_view ownFolder = "Dialwright Files";
 
