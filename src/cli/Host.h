@@ -17,13 +17,18 @@ struct Host {
   std::unique_ptr<FileStore> files;
   std::unique_ptr<Registry> registry;
   std::unique_ptr<Clock> clock;
-  std::unique_ptr<Languages> languages;
   std::string programFolder;  ///< a path of the system
+  std::string shippedFolder;  ///< what is shipped, if it does not lie there yet; else empty
 };
 
 /// The server in a folder of the host, or this machine's own: of its registry on Windows, elsewhere
-/// of the folder that this program lies in. Throws CommandFailure where there is none.
-Host OpenHost(const std::optional<std::string>& serverFolder);
+/// of the folder that this program lies in. What the program leaves in a server's folder is made
+/// only for one that `writes`. Throws CommandFailure where there is no server.
+Host OpenHost(const std::optional<std::string>& serverFolder, bool writes);
+
+/// The language libraries of this machine's user, out of these files where the system does not
+/// read them itself.
+std::unique_ptr<Languages> MakeLanguages(FileStore& files);
 
 /// The program's arguments in UTF-8, without its name.
 std::vector<std::string> HostArguments(int argc, char** argv);

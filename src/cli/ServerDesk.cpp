@@ -25,13 +25,14 @@ void NoProcesses::Shell(std::string_view, WindowState, std::string_view) {
 
 ServerDesk::ServerDesk(const std::optional<std::string>& folder, int slot, std::ostream& words,
                        Writing writing)
-    : host(OpenHost(folder)),
+    : host(OpenHost(folder, writing == Writing::onDisk)),
       files(writing == Writing::onDisk ? *host.files : overlay),
       boxes(words),
-      program(
-          Services{files, *host.registry, *host.clock, processes, boxes, checksums, *host.languages,
-                   help, writing == Writing::onDisk ? EarlierFolder() : std::string()},
-          host.programFolder, "Dialwright") {
+      program(Services{files, *host.registry, *host.clock, processes, boxes, checksums,
+                       *languages, help,
+                       writing == Writing::onDisk ? EarlierFolder() : std::string()},
+              host.programFolder, "Dialwright") {
+  overlay.ReadAs(host.programFolder, host.shippedFolder);
   ConnectEvents(Form());
   try {
     Start(slot);

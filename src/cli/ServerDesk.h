@@ -46,12 +46,12 @@ class NoHelp : public HelpViewer {
 /// A server with the form at work on one of its slots.
 class ServerDesk {
  public:
-  enum class Writing { onDisk, inMemory };
+  enum class Writing { inMemory, onDisk };
 
   /// Starts the form on the server of a folder or of this machine, and switches it to the slot.
   /// What it says goes to `words`. Throws CommandFailure where a user would not come so far.
   ServerDesk(const std::optional<std::string>& folder, int slot, std::ostream& words,
-             Writing writing = Writing::onDisk);
+             Writing writing = Writing::inMemory);
 
   frmMain& Form() { return *program.main; }
   const frmMain& Form() const { return *program.main; }
@@ -72,6 +72,7 @@ class ServerDesk {
   NoProcesses processes;
   NoHelp help;
   CrcChecksumFactory checksums{files};
+  std::unique_ptr<Languages> languages = MakeLanguages(files);
   Program program;
 };
 

@@ -10,6 +10,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <string_view>
 
 #include "cli/ServerFolder.h"
 #include "cli/win32/FolderFiles.h"
@@ -24,6 +25,9 @@ namespace dialwright {
 
 namespace {
 
+/// Where documents and the backup of a server's folder are left.
+constexpr std::string_view documentsFolder = "\\Dialwright Files";
+
 std::string OwnFolder() {
   std::wstring path(32768, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
@@ -32,21 +36,26 @@ std::string OwnFolder() {
 
 }  // namespace
 
-Host OpenHost(const std::optional<std::string>& serverFolder) {
+Host OpenHost(const std::optional<std::string>& serverFolder, bool writes) {
   Host host;
   if (serverFolder) {
-    host.programFolder = AbsoluteFolder(*serverFolder);
-    host.files = std::make_unique<FolderFiles>(host.programFolder, std::vector{EarlierFolder()});
-    host.registry = RegistryIn(host.programFolder, *host.files, host.programFolder);
+    const std::string folder = AbsoluteFolder(*serverFolder);
+    host.files = std::make_unique<FolderFiles>(folder, std::vector{EarlierFolder(), OwnFolder()});
+    host.registry = RegistryIn(folder, *host.files, folder);
+    host.programFolder = folder + std::string(documentsFolder);
+    host.shippedFolder = OwnFolder();
+    if (writes && host.files->KindOf(host.programFolder) == FileStore::Kind::none)
+      host.files->CreateFolder(host.programFolder);
   } else {
     host.programFolder = OwnFolder();
     host.files = std::make_unique<FileStoreWin32>();
     host.registry = std::make_unique<RegistryWin32>();
   }
   host.clock = std::make_unique<ClockWin32>();
-  host.languages = std::make_unique<LanguagesWin32>();
   return host;
 }
+
+std::unique_ptr<Languages> MakeLanguages(FileStore&) { return std::make_unique<LanguagesWin32>(); }
 
 std::vector<std::string> HostArguments(int, char**) {
   int count = 0;

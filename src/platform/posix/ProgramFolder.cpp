@@ -56,14 +56,19 @@ std::string ShippedFolder(std::string_view executableFolder) {
 }
 
 std::string ProgramFolderFor(const std::string& serverFolder, const std::string& shippedFolder) {
-  if (IsProgramFolder(serverFolder)) return serverFolder;
-  const fs::path own = fs::path(serverFolder) / ownFolder;
+  const fs::path own = PlannedProgramFolder(serverFolder);
+  if (own == fs::path(serverFolder)) return serverFolder;
   try {
     for (const ShippedFiles& files : shippedFiles) LayLinks(files, shippedFolder, own);
   } catch (const fs::filesystem_error&) {
     return shippedFolder;
   }
   return own.string();
+}
+
+std::string PlannedProgramFolder(const std::string& serverFolder) {
+  if (IsProgramFolder(serverFolder)) return serverFolder;
+  return (fs::path(serverFolder) / ownFolder).string();
 }
 
 }  // namespace dialwright

@@ -16,4 +16,7 @@ std::string ShippedFolder(std::string_view executableFolder);
 /// where the server lies beside a program of its own, that program's. A path of the host.
 std::string ProgramFolderFor(const std::string& serverFolder, const std::string& shippedFolder);
 
+/// The same without laying anything: where the program folder stands, or would.
+std::string PlannedProgramFolder(const std::string& serverFolder);
+
 }  // namespace dialwright

@@ -42,6 +42,18 @@ class OverlayFiles::Output : public OutputFile {
   std::string path;
 };
 
+void OverlayFiles::ReadAs(std::string folder, std::string other) {
+  aliased = std::move(folder);
+  original = std::move(other);
+}
+
+std::string OverlayFiles::Below(std::string_view path) {
+  const bool isInside = !original.empty() && path.starts_with(aliased) &&
+                        (path.size() == aliased.size() || path[aliased.size()] == '\\');
+  if (!isInside || below.KindOf(path) != Kind::none) return std::string(path);
+  return original + std::string(path.substr(aliased.size()));
+}
+
 std::map<std::string, OverlayFiles::Change> OverlayFiles::Changes() const {
   std::map<std::string, Change> changes;
   for (const auto& [path, entry] : touched) changes.emplace(path, entry.change);
@@ -56,7 +68,7 @@ void OverlayFiles::Put(std::string_view path, std::optional<std::string> bytes) 
 }
 
 bool OverlayFiles::IsWritable(std::string_view path) {
-  return touched.contains(Folded(path)) ? KindOf(path) == Kind::file : below.IsWritable(path);
+  return touched.contains(Folded(path)) ? KindOf(path) == Kind::file : below.IsWritable(Below(path));
 }
 
 void OverlayFiles::NeedWritable(std::string_view path) {
@@ -70,12 +82,12 @@ void OverlayFiles::NeedFolderOf(std::string_view path) {
 FileStore::Kind OverlayFiles::KindOf(std::string_view path) {
   if (const auto found = touched.find(Folded(path)); found != touched.end())
     return found->second.change.bytes ? Kind::file : Kind::none;
-  return folders.contains(Folded(path)) ? Kind::folder : below.KindOf(path);
+  return folders.contains(Folded(path)) ? Kind::folder : below.KindOf(Below(path));
 }
 
 std::optional<FileStamp> OverlayFiles::Stamp(std::string_view path) {
   const auto found = touched.find(Folded(path));
-  if (found == touched.end()) return below.Stamp(path);
+  if (found == touched.end()) return below.Stamp(Below(path));
   const Entry& entry = found->second;
   if (!entry.change.bytes) return std::nullopt;
   return FileStamp{ownDevice, 0, entry.change.bytes->size(), entry.revision};
@@ -84,8 +96,9 @@ std::optional<FileStamp> OverlayFiles::Stamp(std::string_view path) {
 std::vector<std::string> OverlayFiles::FileNames(std::string_view folder) {
   const std::string inside = Folded(folder);
   std::map<std::string, std::string> names;
-  if (!folders.contains(inside) || below.KindOf(folder) == Kind::folder)
-    for (const std::string& name : below.FileNames(folder)) names.emplace(LowerCase(name), name);
+  const std::string real = Below(folder);
+  if (!folders.contains(inside) || below.KindOf(real) == Kind::folder)
+    for (const std::string& name : below.FileNames(real)) names.emplace(LowerCase(name), name);
   for (const auto& [path, entry] : touched) {
     if (ParentOf(path) != inside) continue;
     const std::string name = entry.change.path.substr(entry.change.path.find_last_of("\\/") + 1);
@@ -101,7 +114,7 @@ std::vector<std::string> OverlayFiles::FileNames(std::string_view folder) {
 
 std::string OverlayFiles::Read(std::string_view path) {
   const auto found = touched.find(Folded(path));
-  if (found == touched.end()) return below.Read(path);
+  if (found == touched.end()) return below.Read(Below(path));
   if (!found->second.change.bytes) throw RuntimeFailure(Failure::fileNotFound);
   return *found->second.change.bytes;
 }

@@ -16,6 +16,9 @@ class OverlayFiles : public FileStore {
  public:
   explicit OverlayFiles(FileStore& realFiles) : below(realFiles) {}
 
+  /// What is not there in a folder is read from another one.
+  void ReadAs(std::string folder, std::string other);
+
   /// A file that was touched, and its bytes now; nothing if it was removed.
   struct Change {
     std::string path;  ///< as it was spelled first
@@ -46,7 +49,11 @@ class OverlayFiles : public FileStore {
   void NeedWritable(std::string_view path);
   void NeedFolderOf(std::string_view path);
 
+  /// Where what was not touched is to be found below.
+  std::string Below(std::string_view path);
+
   FileStore& below;
+  std::string aliased, original;
   std::map<std::string, Entry> touched;  // by folded path
   std::set<std::string> folders;         // folded
   std::int64_t revisions = 0;
