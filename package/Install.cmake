@@ -81,6 +81,8 @@ function(install_compressed source destination name)
 endfunction()
 install_compressed(${made}/dialwright.1 ${CMAKE_INSTALL_MANDIR}/man1 dialwright.1)
 install_compressed(${made}/dialwright-cli.1 ${CMAKE_INSTALL_MANDIR}/man1 dialwright-cli.1)
+install(FILES package/dialwright-cli.bash DESTINATION ${data}/bash-completion/completions
+        RENAME dialwright-cli)
 install_compressed(${made}/changelog ${data}/doc/dialwright changelog)
 install(FILES package/copyright CHANGELOG.md DESTINATION ${data}/doc/dialwright)
 install(DIRECTORY ${DIALWRIGHT_PROGRAM_DIR}/licences DESTINATION ${data}/doc/dialwright)

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "beside/Announced.h"
 #include "keymap/KeyMapGrid.h"
 #include "keymap/RowEditing.h"
-#include "scripts/KeyMapSave.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -20,7 +20,7 @@ const std::string& Cell(const PooledRow& row, Column column) {
 CountedRow Counted(const PooledRow& row, int grid) {
   const std::string& token = Cell(row, Column::ActionToken);
   return {token, Cell(row, Column::KeyAssignment),
-          CountsAsVoiced(grid, token, Cell(row, Column::Order))};
+          IsAnnounced(grid, token, Cell(row, Column::Order))};
 }
 
 using RowsByToken = std::unordered_map<std::string_view, const CountedRow*>;
@@ -39,7 +39,8 @@ std::vector<std::string_view> OrderThatCounts(const std::vector<CountedRow>& row
   for (const CountedRow& row : rows) {
     const auto other = others.find(row.token);
     if (other == others.end()) continue;
-    if (!SaysItsActions(grid) || (row.voiced && other->second->voiced)) tokens.push_back(row.token);
+    if (!AnnouncesActions(grid) || (row.voiced && other->second->voiced))
+      tokens.push_back(row.token);
   }
   return tokens;
 }
@@ -70,11 +71,6 @@ void AddMenuChanges(std::vector<Change>& changes, int grid, const std::vector<Co
 }
 
 }  // namespace
-
-bool CountsAsVoiced(int grid, std::string_view token, std::string_view order) {
-  return SaysItsActions(grid) && !(grid == afterMessageGrid && IsSavedAsNotVoiced(token)) &&
-         order != notVoiced;
-}
 
 Content ContentOf(const Snapshot& snapshot, TypedText typed) {
   Content content;

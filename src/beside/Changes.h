@@ -24,12 +24,6 @@ struct Content {
   std::vector<bool> setup;  ///< in the order of the setup table; empty without a Setup tab
 };
 
-/// Whether a menu says its actions, so that their order in it counts only while they are voiced.
-constexpr bool SaysItsActions(int grid) { return grid == mainMenuGrid || grid == afterMessageGrid; }
-
-/// Whether a save would write a row as one that its menu says.
-bool CountsAsVoiced(int grid, std::string_view token, std::string_view order);
-
 /// The content of a form; with what the user has typed in a box as the key of its row, once it may
 /// leave the box.
 enum class TypedText { counts, ignored };

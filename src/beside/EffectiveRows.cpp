@@ -1,8 +1,8 @@
 #include "beside/EffectiveRows.h"
 
+#include "beside/Announced.h"
 #include "keymap/KeyMapGrid.h"
 #include "keymap/RowEditing.h"
-#include "scripts/KeyMapSave.h"
 #include "text/Text.h"
 
 namespace dialwright {
@@ -31,9 +31,6 @@ EffectiveGrids EffectiveGridsOf(const frmMain& form) {
   return grids;
 }
 
-bool IsVoiced(int grid, const MenuRow& row) {
-  if (grid == afterMessageGrid && IsSavedAsNotVoiced(row.token)) return false;
-  return (grid == mainMenuGrid || grid == afterMessageGrid) && row.order != notVoiced;
-}
+bool IsVoiced(int grid, const MenuRow& row) { return IsAnnounced(grid, row.token, row.order); }
 
 }  // namespace dialwright

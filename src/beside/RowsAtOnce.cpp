@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "beside/Announced.h"
 #include "keymap/KeyMapGrid.h"
 #include "scripts/SetupOptions.h"
 #include "text/Text.h"
@@ -37,7 +38,7 @@ void PutRows(frmMain& form, int grid, std::vector<KeyGrid::Cells> rows) {
   int number = 0;
   int inHand = 0;
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (SaysItsActions(grid) && !IsSilent(rows[i]))
+    if (AnnouncesActions(grid) && !IsSilent(rows[i]))
       Cell(rows[i], Column::Order) = std::to_string(number += orderStep);
     if (Cell(rows[i], Column::ActionToken) == token) inHand = static_cast<int>(i) + 1;
   }
@@ -54,7 +55,7 @@ void RevertRow(frmMain& form, int grid, const CountedRow& before) {
   });
   if (row == rows.end()) return;
   Cell(*row, Column::KeyAssignment) = before.key;
-  if (CountsAsVoiced(grid, before.token, Cell(*row, Column::Order)) != before.voiced) {
+  if (IsAnnounced(grid, before.token, Cell(*row, Column::Order)) != before.voiced) {
     KeyGrid::Cells moved = std::move(*row);
     rows.erase(row);
     Cell(moved, Column::Order) = before.voiced ? std::string() : std::string(notVoiced);

@@ -16,7 +16,7 @@ namespace dialwright {
 
 namespace {
 
-constexpr MenuSection afterMessageMenu{4, "After Message Menu"};
+constexpr MenuSection afterMessageMenu{afterMessageGrid, "After Message Menu"};
 
 /// The receipt menu has no grid: two of its actions mirror actions of this menu, key and order.
 struct Mirror {

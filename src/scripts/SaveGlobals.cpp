@@ -8,7 +8,7 @@ namespace dialwright {
 
 namespace {
 
-constexpr MenuSection globals{5, "Globals"};
+constexpr MenuSection globals{globalsGrid, "Globals"};
 
 }  // namespace
 

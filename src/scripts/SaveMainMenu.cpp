@@ -12,7 +12,7 @@ namespace dialwright {
 
 namespace {
 
-constexpr MenuSection mainMenu{0, "Main Menu"};
+constexpr MenuSection mainMenu{mainMenuGrid, "Main Menu"};
 
 }  // namespace
 

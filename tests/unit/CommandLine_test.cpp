@@ -30,8 +30,7 @@ std::map<std::string, std::string> FilesIn(const fs::path& folder) {
 class CommandLine : public testing::Test {
  protected:
   CommandLine() {
-    fs::copy(fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox", desk.path,
-             fs::copy_options::recursive);
+    fs::copy(fs::path(DIALWRIGHT_SOURCE_DIR) / "sandbox", desk.path, fs::copy_options::recursive);
     // Earlier versions are kept with the user's own data.
     static TempFolder data;
     static std::string places[] = {"XDG_DATA_HOME=" + data.path.string(),
@@ -87,7 +86,8 @@ TEST_F(CommandLine, EndsAsThePageSays) {
       {"diff @/a.json @/merid-7.0-2.0#7", ExitCode::wrongUse, "-", "1, 2 or 3"},
       {"check --server @/merid-7.0-2.0", ExitCode::done, "Slot 3", "-"},
       {"check --server @/merid-7.0-2.0 --slot 1 --json", ExitCode::done,
-       "{\n  \"edition\": \"Merid\",\n  \"server\": \"7.0(2.0)\",\n  \"slots\": [\n    {\n      \"slot\": 1,",
+       "{\n  \"edition\": \"Merid\",\n  \"server\": \"7.0(2.0)\",\n  \"slots\": [\n    {\n      "
+       "\"slot\": 1,",
        "-"},
       {"show --server @/merid-7.0-2.0", ExitCode::done,
        "  1   Hear new messages                 MENU_NEW\n", "-"},
@@ -102,8 +102,8 @@ TEST_F(CommandLine, EndsAsThePageSays) {
       {"apply --server @/merid-7.0-2.0 @/none.json", ExitCode::unreadable, "-", "line 2, column 3"},
       {"apply --server @/merid-7.0-2.0 @/other.json --dry-run", ExitCode::done,
        "+ORDINAL_MENU_SEND= 90", "  main MENU_SENT\n"},
-      {"apply --server @/merid-7.0-2.0 @/b.json --dry-run", ExitCode::done,
-       "+MENU_NEW= \"17\"", "key mappings updated"},
+      {"apply --server @/merid-7.0-2.0 @/b.json --dry-run", ExitCode::done, "+MENU_NEW= \"17\"",
+       "key mappings updated"},
   };
   const auto before = FilesIn(desk.path);
   const auto holds = [&](const std::string& text, const std::string& part) {
@@ -113,8 +113,9 @@ TEST_F(CommandLine, EndsAsThePageSays) {
     EXPECT_EQ(Run(row.line), row.code) << row.line << '\n' << said.str();
     EXPECT_TRUE(holds(results.str(), row.results)) << row.line << '\n' << results.str();
     EXPECT_TRUE(holds(said.str(), row.said)) << row.line << '\n' << said.str();
-    if (row.code == ExitCode::wrongUse || row.code == ExitCode::unreadable)
+    if (row.code == ExitCode::wrongUse || row.code == ExitCode::unreadable) {
       EXPECT_EQ(std::ranges::count(said.str(), '\n'), 1) << row.line << '\n' << said.str();
+    }
   }
   EXPECT_EQ(FilesIn(desk.path), before);
 }
