@@ -15,7 +15,7 @@ namespace {
 /// one.
 bool HasVoice(int grid, const std::string& token) {
   if (grid != 0 && grid != 4) return false;
-  const Action* action = FindAction(grid == 0 ? MainMenuActions() : AfterMessageActions(), token);
+  const Action* action = FindAction(grid, token);
   return action != nullptr && action->order == OrderSource::key;
 }
 

@@ -4,6 +4,7 @@
 
 #include "server/MeridVersion.h"
 #include "shell/Program.h"
+#include "shell/frmMain.h"
 
 namespace dialwright {
 
@@ -38,6 +39,10 @@ bool Gate::IsOpen(const MeridVersion& server) const {
   return any || server.bIsVersionGreaterThanOrEqualTo(iMajor, iMinor, iRelease, iBuild, 0);
 }
 
+bool ExistsOn(MeridVersion& server, const Action& action) {
+  return action.gate.IsOpen(server) && (!action.notOnDomino || server.iGetDirectoryBinding() == 1);
+}
+
 std::string ActionLabel(Program& program, const Action& action) {
   const bool older = action.olderLabel != 0 && !gotoForAllMessages.IsOpen(program.server);
   return program.mymyLoadString(older ? action.olderLabel : action.label);
@@ -53,6 +58,15 @@ const Action* FindAction(std::span<const Action> actions, std::string_view token
   if (!token.starts_with(prefix)) return nullptr;
   const auto action = std::ranges::find(actions, token.substr(prefix.size()), &Action::name);
   return action == actions.end() ? nullptr : &*action;
+}
+
+const Action* FindAction(int grid, std::string_view token) {
+  for (const PlaybackSection& section : PlaybackSections())
+    if (section.grid == grid) return FindAction(PlaybackActions(), token, section.prefix);
+  return FindAction(grid == mainMenuGrid       ? MainMenuActions()
+                    : grid == afterMessageGrid ? AfterMessageActions()
+                                               : GlobalActions(),
+                    token);
 }
 
 }  // namespace dialwright

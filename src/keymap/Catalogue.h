@@ -69,6 +69,10 @@ struct PlaybackSection {
 };
 std::span<const PlaybackSection> PlaybackSections();
 
+/// Whether this server has an action. Throws RuntimeFailure if the directory that decides it cannot
+/// be found out.
+bool ExistsOn(MeridVersion& server, const Action& action);
+
 /// The label of an action on this server.
 std::string ActionLabel(Program& program, const Action& action);
 
@@ -78,5 +82,8 @@ std::string FetchDescription(Program& program, std::string_view token);
 /// The action of the list that a token names behind the prefix; null if there is none. Case counts.
 const Action* FindAction(std::span<const Action> actions, std::string_view token,
                          std::string_view prefix = {});
+
+/// The action of a grid's menu that a token names; null if there is none. Case counts.
+const Action* FindAction(int grid, std::string_view token);
 
 }  // namespace dialwright

@@ -14,12 +14,11 @@ namespace dialwright {
 
 namespace {
 
-/// Whether the server has the action. The directory binding is asked only where it counts; if it
-/// cannot be had, the failure is reported and the row is added.
+/// Whether the server has the action. If that cannot be found out, the failure is reported and the
+/// row is added.
 bool ExistsHere(Program& program, const Action& action, const FailureTrap& step) {
-  if (!action.gate.IsOpen(program.server)) return false;
   bool exists = true;
-  if (action.notOnDomino) step([&] { exists = program.server.iGetDirectoryBinding() == 1; });
+  step([&] { exists = ExistsOn(program.server, action); });
   return exists;
 }
 
