@@ -28,9 +28,8 @@ ServerDesk::ServerDesk(const std::optional<std::string>& folder, int slot, std::
     : host(OpenHost(folder, writing == Writing::onDisk)),
       files(writing == Writing::onDisk ? *host.files : overlay),
       boxes(words),
-      program(Services{files, *host.registry, *host.clock, processes, boxes, checksums,
-                       *languages, help,
-                       writing == Writing::onDisk ? EarlierFolder() : std::string()},
+      program(Services{files, *host.registry, *host.clock, processes, boxes, checksums, *languages,
+                       help, writing == Writing::onDisk ? EarlierFolder() : std::string()},
               host.programFolder, "Dialwright") {
   overlay.ReadAs(host.programFolder, host.shippedFolder);
   ConnectEvents(Form());

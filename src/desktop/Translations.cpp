@@ -61,8 +61,8 @@ void Translations::Refresh() {
   if (wanted.isEmpty()) return;
   const QString own = ToQt(program.services.files.RealPath(program.folder + "\\translations"));
   // Where the program folder has none those of the machine serve.
-  for (const QString& folder : {QDir::fromNativeSeparators(own),
-                                QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
+  for (const QString& folder :
+       {QDir::fromNativeSeparators(own), QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
     if (toolkit.load("qtbase_" + wanted, folder)) {
       QCoreApplication::installTranslator(&toolkit);
       return;

@@ -68,7 +68,8 @@ void OverlayFiles::Put(std::string_view path, std::optional<std::string> bytes) 
 }
 
 bool OverlayFiles::IsWritable(std::string_view path) {
-  return touched.contains(Folded(path)) ? KindOf(path) == Kind::file : below.IsWritable(Below(path));
+  return touched.contains(Folded(path)) ? KindOf(path) == Kind::file
+                                        : below.IsWritable(Below(path));
 }
 
 void OverlayFiles::NeedWritable(std::string_view path) {
