@@ -121,10 +121,10 @@ void CheckLines(const std::vector<std::string>& before, const std::vector<std::s
   for (const std::string& line : now) {
     const std::string start = line.substr(0, line.find('=') + 1);
     const std::string value = line.substr(start.size());
-    if (old != before.end() && line == (IsChecksum(*old) ? checksumLine : *old))
-      ++old;
-    else if (old != before.end() && !start.empty() && old->starts_with(start) &&
-             values.erase(value) == 1)
+    const bool isOld = old != before.end() &&
+                       (line == (IsChecksum(*old) ? checksumLine : *old) ||
+                        (!start.empty() && old->starts_with(start) && values.erase(value) == 1));
+    if (isOld)
       ++old;
     else
       need(newLines.erase(LowerCase(start) + value) + newHeadings.erase(LowerCase(line)) == 1);

@@ -109,6 +109,7 @@ std::vector<std::string> OverlayFiles::FileNames(std::string_view folder) {
       names.erase(LowerCase(name));
   }
   std::vector<std::string> sorted;
+  sorted.reserve(names.size());
   for (auto& [key, name] : names) sorted.push_back(std::move(name));
   return sorted;
 }

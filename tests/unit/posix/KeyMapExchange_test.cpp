@@ -29,12 +29,12 @@ void Edit(HeadlessUser& user, const frmMain& form) {
     const auto rows = At(form.gridKeyMap, grid).DataRows();
     const auto dropped = std::ranges::find_if(
         rows, [](const auto& row) { return row[token].ends_with("SKIP_MARK_ASIS"); });
-    const KeyGrid::Cells one = rows.front();
+    const std::string one = rows.front()[token], oneKey = rows.front()[key];
     const std::string other = (dropped == rows.end() ? rows.back() : *dropped)[token];
-    user.Row(grid, one[token]);
+    user.Row(grid, one);
     user.Type("", true);
     user.Row(grid, other);
-    user.Type(one[key], true);
+    user.Type(oneKey, true);
     user.Row(grid, 3);
     user.Spin(true);
   }
