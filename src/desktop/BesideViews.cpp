@@ -86,6 +86,7 @@ void BesideViews::BuildMenu() {
   menu->addSeparator();
   AddItem(*menu, "mnuNextFinding", 1385, "F8", [this] { GoToFinding(+1); });
   AddItem(*menu, "mnuPreviousFinding", 1386, "Shift+F8", [this] { GoToFinding(-1); });
+  AddItem(*menu, "mnuOtherRow", 1410, "Ctrl+F8", [this] { GoToOtherRow(); });
   menu->addSeparator();
   AddItem(*menu, "mnuFindAction", 1387, "Ctrl+F", [this] { FindAnAction(); });
 }
@@ -121,6 +122,18 @@ void BesideViews::GoToFinding(int direction) {
   const Place& to = direction > 0 ? (after == places.end() ? places.front() : *after)
                                   : (before == places.begin() ? places.back() : *(before - 1));
   GoTo(to.first, At(form.gridKeyMap, to.first).Text(to.second, Column::ActionToken));
+}
+
+void BesideViews::GoToOtherRow() {
+  const int tab = form.SSTab1.Tab();
+  if (tab >= gridCount) return;
+  const KeyGrid& grid = At(form.gridKeyMap, tab);
+  for (const Finding& finding : findings) {
+    const auto here = std::ranges::find(finding.rows, grid.Row());
+    if (finding.grid != tab || finding.rows.size() < 2 || here == finding.rows.end()) continue;
+    const auto next = here + 1 == finding.rows.end() ? finding.rows.begin() : here + 1;
+    return GoTo(tab, grid.Text(*next, Column::ActionToken));
+  }
 }
 
 void BesideViews::MarkRows() {

@@ -43,6 +43,8 @@ class BesideViews {
                    std::function<void()> run);
   void GoTo(int grid, const std::string& token);
   void GoToFinding(int direction);
+  /// From a row that a finding names to the next one that it names, round and round.
+  void GoToOtherRow();
   void MarkRows();
   void MarkTabs();
   void ShowLines();

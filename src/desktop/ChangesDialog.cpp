@@ -9,6 +9,7 @@
 #include "beside/History.h"
 #include "desktop/ChangeTexts.h"
 #include "desktop/Dispatch.h"
+#include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
 #include "scripts/SetupOptions.h"
@@ -33,6 +34,8 @@ ChangesDialog::ChangesDialog(History& steps, Dispatch& dispatch, QWidget* parent
   const frmMain& form = history.TheForm();
   const auto text = [&form](int number) { return ToQt(form.program.mymyLoadString(number)); };
   setObjectName("changes");
+  SetHelpPage(*this, "taking-back.html#changes");
+  setWindowModality(Qt::WindowModal);  // the help can be read beside it
   setWindowTitle(text(title));
   setFont(LanguageFont(form.cmdSave.Font));
   list->setObjectName("changesList");

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "beside/VersionDifferences.h"
+#include "desktop/HelpKey.h"
 #include "desktop/QtText.h"
 #include "desktop/WrapLabel.h"
 #include "shell/Program.h"
@@ -38,6 +39,7 @@ EarlierVersionsDialog::EarlierVersionsDialog(frmMain& mainForm, QWidget* parent,
       remark(new WrapLabel) {
   const auto text = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
   setObjectName("earlierVersionsDialog");
+  SetHelpPage(*this, "earlier-versions.html");
   setWindowTitle(Spoken(text(1361)).remove("..."));
   setAttribute(Qt::WA_DeleteOnClose);
   auto* column = new QVBoxLayout(this);

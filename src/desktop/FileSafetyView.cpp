@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 
 #include "beside/FileNotices.h"
 #include "desktop/Dispatch.h"
@@ -66,9 +65,8 @@ void FileSafetyView::Look() {
 }
 
 void FileSafetyView::LoadAnew() {
-  if (form.cmdSave.Enabled &&
-      QMessageBox::question(&window, window.windowTitle(), ToQt(program.mymyLoadString(1376))) !=
-          QMessageBox::Yes)
+  if (form.cmdSave.Enabled && program.MarkedBox(MsgBoxMark::loss, program.mymyLoadString(1376),
+                                                MsgBoxButtons::YesNo) != MsgBoxAnswer::Yes)
     return;
   entry.Run([this] { LoadKeyMapInfo(form); });
 }

@@ -7,6 +7,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
 #include "shell/Program.h"
@@ -17,6 +18,7 @@ FindLine::FindLine(const frmMain& mainForm, GoTo goTo, QWidget* parent)
     : QDialog(parent), form(mainForm), go(std::move(goTo)) {
   const auto word = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
   setObjectName("findAction");
+  SetHelpPage(*this, "keypad.html#find");
   setAttribute(Qt::WA_DeleteOnClose);
   setFont(LanguageFont(form.cmdSave.Font));
   setWindowTitle(word(1387).remove('&').remove("..."));

@@ -26,11 +26,12 @@ QString FindingLine::Line(const Finding& finding) const {
         "<span style=\"color:" + FaultColour(palette()).name() + "\">&#9679; " + text + "</span>";
   else
     text = "&#9651; " + text;
+  QStringList others;
   for (const int row : finding.rows)
     if (row != keys.Row() && row < keys.Rows())
-      text += " <a href=\"" + ToQt(keys.Text(row, Column::ActionToken)) + "\">" +
-              ToQt(keys.Text(row, Column::Action)).toHtmlEscaped() + "</a>";
-  return text;
+      others << "<a href=\"" + ToQt(keys.Text(row, Column::ActionToken)) + "\">" +
+                    ToQt(keys.Text(row, Column::Action)).toHtmlEscaped() + "</a>";
+  return text + " " + others.join(", ");
 }
 
 void FindingLine::Show(const std::vector<Finding>& findings) {

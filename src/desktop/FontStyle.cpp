@@ -3,8 +3,57 @@
 #include <QApplication>
 #include <QWidget>
 #include <algorithm>
+#include <cstdlib>
 
 namespace dialwright {
+
+namespace {
+
+/// How far apart two colours are for the eye, from 0 to 255.
+int Contrast(const QColor& a, const QColor& b) { return std::abs(qGray(a.rgb()) - qGray(b.rgb())); }
+
+QColor Mixed(const QColor& text, const QColor& ground) {
+  const auto part = [](int a, int b) { return (62 * a + 38 * b) / 100; };
+  return {part(text.red(), ground.red()), part(text.green(), ground.green()),
+          part(text.blue(), ground.blue())};
+}
+
+struct QuietText {
+  QPalette::ColorGroup group;
+  QPalette::ColorRole quiet, text, ground;
+};
+
+/// Some desktops give their own text and ground, and leave these as they are on white.
+constexpr QuietText quietTexts[] = {
+    {QPalette::Active, QPalette::PlaceholderText, QPalette::Text, QPalette::Base},
+    {QPalette::Inactive, QPalette::PlaceholderText, QPalette::Text, QPalette::Base},
+    {QPalette::Disabled, QPalette::PlaceholderText, QPalette::Text, QPalette::Base},
+    {QPalette::Disabled, QPalette::Text, QPalette::Text, QPalette::Base},
+    {QPalette::Disabled, QPalette::WindowText, QPalette::WindowText, QPalette::Window},
+    {QPalette::Disabled, QPalette::ButtonText, QPalette::ButtonText, QPalette::Button},
+};
+
+}  // namespace
+
+void FontStyle::polish(QPalette& palette) {
+  QProxyStyle::polish(palette);
+  // This style draws edges darker than the window: on black nobody would see them.
+  constexpr QColor darkest(0x30, 0x30, 0x30);
+  if (baseStyle()->name() == "fusion")
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Button})
+      if (qGray(palette.color(role).rgb()) < qGray(darkest.rgb())) palette.setColor(role, darkest);
+
+  constexpr int least = 70;
+  for (const QuietText& each : quietTexts) {
+    const QColor ground = palette.color(QPalette::Active, each.ground);
+    const QColor present = palette.color(each.group, each.quiet);
+    const bool isSeen = present.alpha() == 255 ? Contrast(present, ground) >= least
+                                               : Contrast(present, ground) >= 2 * least;
+    if (!isSeen)
+      palette.setColor(each.group, each.quiet,
+                       Mixed(palette.color(QPalette::Active, each.text), ground));
+  }
+}
 
 int FontStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
@@ -16,6 +65,10 @@ int FontStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ExclusiveIndicatorHeight: {
       const QFontMetrics letters(widget != nullptr ? widget->font() : QApplication::font());
       return std::max(usual, letters.ascent());
+    }
+    case PM_TabBarTabHSpace: {
+      constexpr int roomy = 18;  // so that in a large font all tabs stay in sight
+      return std::min(usual, roomy);
     }
     default:
       return usual;

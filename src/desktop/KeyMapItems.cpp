@@ -11,6 +11,7 @@
 
 #include "desktop/Dispatch.h"
 #include "desktop/EditMenu.h"
+#include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/MainWindow.h"
 #include "desktop/QtText.h"
@@ -29,6 +30,8 @@ enum TextNumber {
   keyMapsText = 1493,
   notWrittenText = 1504,
 };
+
+constexpr const char* helpPage = "key-map-files.html";
 
 QString Text(const frmMain& form, int number) { return ToQt(form.program.mymyLoadString(number)); }
 
@@ -105,6 +108,8 @@ std::string KeyMapItems::AskPath(Asked what) {
   QFileDialog dialog(&window, Title(form, writes ? exportText : importText), folder,
                      Text(form, keyMapsText) + " (*.json)");
   dialog.setObjectName("dlgKeyMap");
+  SetHelpPage(dialog, helpPage);
+  dialog.setWindowModality(Qt::WindowModal);
   dialog.setAcceptMode(writes ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(writes ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setDefaultSuffix("json");
@@ -125,7 +130,10 @@ std::string KeyMapItems::AskPath(Asked what) {
 
 void KeyMapItems::Tell(const KeyMapNews& news) {
   const std::string text = news.fault.empty() ? SkippedText(form, news.skipped) : news.fault;
-  if (!text.empty()) form.program.services.messages.MsgBox(text, MsgBoxButtons::OK, {});
+  if (text.empty()) return;
+  SetHelpPage(window, helpPage);  // for the box that the window is held up by
+  form.program.services.messages.MsgBox(text, MsgBoxButtons::OK, {});
+  SetHelpPage(window, nullptr);
 }
 
 }  // namespace dialwright

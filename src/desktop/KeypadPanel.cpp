@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "beside/EffectiveRows.h"
+#include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
 #include "desktop/WrapLabel.h"
@@ -42,6 +43,7 @@ QString RowText(const MenuRow& row) {
 KeypadPanel::KeypadPanel(frmMain& mainForm, Ways ways, QWidget* parent)
     : QWidget(parent), form(mainForm), does(std::move(ways)), trial(mainForm) {
   setObjectName("keypadPanel");
+  SetHelpPage(*this, "keypad.html");
   title = new QLabel;
   MakeHeading(*title);
   empty = new WrapLabel;
@@ -290,6 +292,7 @@ void KeypadPanel::Try(bool on) {
   if (on == trying) return;
   trying = on;
   tryButton->setChecked(on);
+  SetHelpPage(*this, on ? "trying.html" : "keypad.html");
   pauseTimer.stop();
   trial.Drop();
   sequences->clear();

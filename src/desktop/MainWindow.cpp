@@ -19,6 +19,7 @@
 #include "desktop/FileSafetyView.h"
 #include "desktop/FocusFilter.h"
 #include "desktop/GridView.h"
+#include "desktop/HelpKey.h"
 #include "desktop/KeyMapItems.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/Menus.h"
@@ -51,6 +52,9 @@ MainWindow::MainWindow(Program& theProgram)
   auto* centre = new QWidget;
   auto* column = new QVBoxLayout(centre);
   column->setSpacing(10);
+  // The status line has room of its own around it.
+  column->setContentsMargins(column->contentsMargins() -
+                             QMargins(0, 0, 0, column->contentsMargins().bottom() / 2));
   tabs = new QTabWidget;
   bottom = new QHBoxLayout;
   middle = new QHBoxLayout;
@@ -66,6 +70,7 @@ MainWindow::MainWindow(Program& theProgram)
   editMenu = std::make_unique<EditMenu>(form, history, *menuBar(), entry);
   keyMapItems = std::make_unique<KeyMapItems>(form, history, *this, *editMenu);
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
+  helpKey = std::make_unique<HelpKey>(program);
   beside = std::make_unique<BesideViews>(form, *this, views, *focus);
   middle->addWidget(&beside->Panel());
   safety = std::make_unique<FileSafetyView>(program, *this, entry);
@@ -208,6 +213,9 @@ void MainWindow::Refresh() {
 }
 
 void MainWindow::BuildStatus() {
+  // Its text begins where the tabs do.
+  const QMargins around = centralWidget()->layout()->contentsMargins();
+  statusBar()->setContentsMargins(around.left() / 2, 0, 0, 0);
   status = std::make_unique<StatusLine>(form, *statusBar());
   editMenu->done = [this](const QString& text) { status->Announce(text); };
   status->findingsWanted = [this] { findChild<QAction*>("mnuNextFinding")->trigger(); };

@@ -19,6 +19,7 @@ class EditMenu;
 class FileSafetyView;
 class StatusLine;
 class FocusFilter;
+class HelpKey;
 class KeyMapItems;
 class Menus;
 class Program;
@@ -82,6 +83,7 @@ class MainWindow : public QMainWindow {
   ControlViews views;
   std::unique_ptr<Translations> translations;
   std::unique_ptr<FocusFilter> focus;
+  std::unique_ptr<HelpKey> helpKey;
   std::unique_ptr<Menus> menus;
   std::unique_ptr<BesideViews> beside;
   std::unique_ptr<EditMenu> editMenu;

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QSpacerItem>
 
+#include "desktop/HelpKey.h"
 #include "desktop/QtText.h"
 
 namespace dialwright {
@@ -75,6 +76,8 @@ MsgBoxAnswer QtMessageBoxes::MarkedBox(MsgBoxMark mark, std::string_view text,
     box.setDefaultButton(mark == MsgBoxMark::loss ? QMessageBox::No : QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
   }
+  if (HelpPageOf(owner).isEmpty())
+    SetHelpPage(box, mark == MsgBoxMark::failure ? "failures.html" : "messages.html");
   WidenToTitle(box);
   KeepJoinersOutOfCopies(box);
   // It holds up its own window and no other: the help may say what to answer.

@@ -1,5 +1,6 @@
 // What the window shows beside the form, and what its keys do there.
 
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -69,6 +70,14 @@ TEST_F(BesideTest, F8GoesThroughTheFindingsOfAllTabs) {
   EXPECT_EQ(place(), std::pair(0, std::string("MENU_GREETINGS_ADMINISTRATOR")));
   Press(Qt::Key_F8, Qt::ShiftModifier);
   EXPECT_EQ(place().first, 4);
+  // Among the rows of one finding.
+  user.Tab(0);
+  user.Row(0, "MENU_BROADCAST_MESSAGE_ADMIN");
+  for (const char* other : {"MENU_GREETINGS_ADMINISTRATOR", "MENU_BROADCAST_MESSAGE_ADMIN"}) {
+    Press(Qt::Key_F8, Qt::ControlModifier);
+    EXPECT_EQ(place(), std::pair(0, std::string(other)));
+  }
+  user.Tab(4);
   // A key that may not leave its box holds the user there.
   user.Type("x", true);
   Shown();
@@ -138,6 +147,36 @@ TEST_F(BesideTest, AnActionIsFoundAndGoneTo) {
   EXPECT_EQ(form.SSTab1.Tab(), 2);
   EXPECT_EQ(form.gridKeyMap[2].Text(form.gridKeyMap[2].Row(), Column::ActionToken), "BODY_REWIND");
   EXPECT_EQ(Focused(), "txtKeyAssignment(2)");
+}
+
+TEST_F(BesideTest, F1OpensTheChapterOfWhereTheKeyboardIs) {
+  const auto page = [this] {
+    const std::vector<std::string> lines = Shown();
+    const std::string line = lines.empty() ? "" : lines.back();
+    return line.substr(std::min(line.find(".chm"), line.size()));
+  };
+  Press(Qt::Key_F1);
+  EXPECT_EQ(page(), ".chm\" 0");
+  Press(Qt::Key_F6);
+  Press(Qt::Key_F1);
+  EXPECT_EQ(page(), ".chm::/keypad.html\" 0");
+  Press(Qt::Key_T, Qt::ControlModifier);
+  Press(Qt::Key_F1);
+  EXPECT_EQ(page(), ".chm::/trying.html\" 0");
+  Press(Qt::Key_Escape);
+  Press(Qt::Key_Escape);
+  Press(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClick(&widget<QLineEdit>("findLine"), Qt::Key_F1);
+  EXPECT_EQ(page(), ".chm::/keypad.html#find\" 0");
+  QTest::keyClick(&widget<QLineEdit>("findLine"), Qt::Key_Escape);
+  QTimer::singleShot(0, [] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    EXPECT_EQ(dialog->windowModality(), Qt::WindowModal) << "the help stays open to reading";
+    QTest::keyClick(dialog, Qt::Key_F1);
+    QTest::keyClick(dialog, Qt::Key_Escape);
+  });
+  widget<QAction>("mnuChanges").trigger();
+  EXPECT_EQ(page(), ".chm::/taking-back.html#changes\" 0");
 }
 
 }  // namespace dialwright

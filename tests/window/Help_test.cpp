@@ -123,6 +123,10 @@ TEST(HelpViewer, OpensClosesAndSaysWhichFileIsNoHelp) {
   viewer.SendMessageA(first, 16, 0, 0);
   EXPECT_FALSE(viewer.IsWindow(first));
 
+  const WindowHandle atPage = viewer.HtmlHelpA(0, good + "::/second.html", 0, 0);
+  const auto* page = QWidget::find(atPage)->findChild<QTextBrowser*>("helpPage");
+  EXPECT_EQ(page->documentTitle(), "The second page");
+
   const WindowHandle second = open();
   for (QWidget* widget : QApplication::topLevelWidgets())
     if (dynamic_cast<HelpWindow*>(widget) != nullptr) widget->close();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QThread>
+#include <algorithm>
 #include <string>
 
 #include "desktop/QtText.h"
@@ -32,8 +33,12 @@ void Report(const QString& text, std::string_view path) {
 
 HelpViewerQt::~HelpViewerQt() { delete shown; }
 
-WindowHandle HelpViewerQt::HtmlHelpA(WindowHandle, std::string_view path, unsigned,
+WindowHandle HelpViewerQt::HtmlHelpA(WindowHandle, std::string_view address, unsigned,
                                      std::uintptr_t) {
+  constexpr std::string_view inside = "::/";  // a page of the file is named behind it
+  const std::size_t end = std::min(address.find(inside), address.size());
+  const std::string_view path = address.substr(0, end);
+  const std::string_view page = address.substr(std::min(end + inside.size(), address.size()));
   if (files.KindOf(path) != FileStore::Kind::file) {
     Report(texts::HelpMissing(), path);
     return 0;
@@ -52,7 +57,10 @@ WindowHandle HelpViewerQt::HtmlHelpA(WindowHandle, std::string_view path, unsign
   delete shown;
   shown = new HelpWindow(std::move(archive));
   shown->setAttribute(Qt::WA_DeleteOnClose);
-  shown->ShowHomePage();
+  if (page.empty())
+    shown->ShowHomePage();
+  else
+    shown->ShowPage(ToQt(page));
   ShowFitted(*shown, shown->size());
   shown->activateWindow();
   return static_cast<WindowHandle>(shown->winId());

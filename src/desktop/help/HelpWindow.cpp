@@ -103,7 +103,9 @@ HelpWindow::HelpWindow(std::unique_ptr<ChmArchive> helpFile)
 
 HelpWindow::~HelpWindow() = default;
 
-void HelpWindow::ShowHomePage() { browser->ShowPage(ToQt(archive->HomePage())); }
+void HelpWindow::ShowHomePage() { ShowPage(ToQt(archive->HomePage())); }
+
+void HelpWindow::ShowPage(const QString& page) { browser->ShowPage(page); }
 
 void HelpWindow::BuildBar() {
   auto* bar = addToolBar(texts::Help());

@@ -25,6 +25,8 @@ class HelpWindow : public QMainWindow {
   ~HelpWindow() override;
 
   void ShowHomePage();
+  /// A page of the file, as "keypad.html#find".
+  void ShowPage(const QString& page);
 
  private:
   struct Page {
