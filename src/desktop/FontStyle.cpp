@@ -1,6 +1,9 @@
 #include "desktop/FontStyle.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QStyleOption>
 #include <QWidget>
 #include <algorithm>
 #include <cstdlib>
@@ -32,6 +35,19 @@ constexpr QuietText quietTexts[] = {
     {QPalette::Disabled, QPalette::WindowText, QPalette::WindowText, QPalette::Window},
     {QPalette::Disabled, QPalette::ButtonText, QPalette::ButtonText, QPalette::Button},
 };
+
+/// The arrow of a menu bar that is too narrow for all its menus.
+QIcon MoreArrow() {
+  constexpr int side = 16;
+  QPixmap picture(side, side);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QApplication::palette().color(QPalette::ButtonText), 2));
+  for (const int left : {3, 8})
+    painter.drawPolyline(QPolygon({{left, 4}, {left + 4, 8}, {left, 12}}));
+  return QIcon(picture);
+}
 
 }  // namespace
 
@@ -73,6 +89,31 @@ int FontStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     default:
       return usual;
   }
+}
+
+void FontStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+  if (element != PE_FrameGroupBox || baseStyle()->name() != "fusion")
+    return QProxyStyle::drawPrimitive(element, option, painter, widget);
+  // This style has its frame in a file, too.
+  QColor edge = option->palette.color(QPalette::WindowText);
+  QColor ground = edge;
+  edge.setAlpha(38);
+  ground.setAlpha(7);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(edge);
+  painter->setBrush(ground);
+  painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter->restore();
+}
+
+QIcon FontStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                              const QWidget* widget) const {
+  // Every menu bar asks for it. The toolkit's own comes out of a file, for which it loads all its
+  // readers of pictures before the first window is seen.
+  if (picture == SP_ToolBarHorizontalExtensionButton) return MoreArrow();
+  return QProxyStyle::standardIcon(picture, option, widget);
 }
 
 }  // namespace dialwright

@@ -66,7 +66,7 @@ MainWindow::MainWindow(Program& theProgram)
 
   BuildTabs();
   BuildBottom();
-  menus = std::make_unique<Menus>(form, MakeMenuBar(*this), [this](MenuItem& item) { Pick(item); });
+  menus = std::make_unique<Menus>(form, *menuBar(), [this](MenuItem& item) { Pick(item); });
   editMenu = std::make_unique<EditMenu>(form, history, *menuBar(), entry);
   keyMapItems = std::make_unique<KeyMapItems>(form, history, *this, *editMenu);
   focus = std::make_unique<FocusFilter>(*this, form, views, entry);
@@ -183,7 +183,10 @@ void MainWindow::ListenToControls() {
   // The title and the pointer don't wait: they change while the system works.
   form.changed = [this] {
     ShowTitle();
-    setCursor(form.Pointer == MousePointer::hourglass ? Qt::WaitCursor : Qt::ArrowCursor);
+    const bool waits = form.Pointer == MousePointer::hourglass;
+    // A first pointer of a window's own is searched for through all the desktop's themes.
+    if (waits != (cursor().shape() == Qt::WaitCursor) && (isVisible() || !waits))
+      setCursor(waits ? Qt::WaitCursor : Qt::ArrowCursor);
   };
   program.aboutCreated = [this](frmAbout& box) {
     about = std::make_unique<AboutDialog>(box, entry, this);

@@ -2,8 +2,6 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QCoreApplication>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -12,14 +10,6 @@
 #include "shell/frmMain.h"
 
 namespace dialwright {
-
-QMenuBar& MakeMenuBar(QMainWindow& window) {
-  const QStringList places = QCoreApplication::libraryPaths();
-  QCoreApplication::setLibraryPaths({});
-  QMenuBar& bar = *window.menuBar();
-  QCoreApplication::setLibraryPaths(places);
-  return bar;
-}
 
 Menus::Menus(frmMain& mainForm, QMenuBar& menuBar, const Pick& pick) : form(mainForm) {
   for (Control* control : form.Controls) {

@@ -7,17 +7,12 @@
 #include "controls/Control.h"
 
 class QAction;
-class QMainWindow;
 class QMenu;
 class QMenuBar;
 
 namespace dialwright {
 
 struct frmMain;
-
-/// The window's menu bar, made without the plug-ins for pictures. The toolkit would load them all,
-/// with their libraries, for the arrow of a bar that is too narrow, which takes none of them.
-QMenuBar& MakeMenuBar(QMainWindow& window);
 
 /// The menu bar: an action for each menu item of the form. A menu takes no focus from the form.
 class Menus {

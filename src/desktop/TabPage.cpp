@@ -98,7 +98,7 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   heading->setObjectName(QString("editedAction(%1)").arg(index));
   room->setObjectName(QString("keyRoom(%1)").arg(index));
   silence->setObjectName(QString("silentMenu(%1)").arg(index));
-  silence->setVisible(!AnnouncesActions(index));
+  if (AnnouncesActions(index)) silence->hide();
 
   auto* orderRow = new QHBoxLayout(orderFrame);
   orderRow->setContentsMargins(8, 2, 8, 2);

@@ -9,6 +9,17 @@ WrapLabel::WrapLabel(QWidget* parent) : QLabel(parent) {
   setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 
+int WrapLabel::heightForWidth(int width) const {
+  if (text() != brokenText || font() != brokenFont) {
+    heights.clear();
+    brokenText = text();
+    brokenFont = font();
+  }
+  const auto [place, isNew] = heights.try_emplace(width);
+  if (isNew) place->second = QLabel::heightForWidth(width);
+  return place->second;
+}
+
 QSize WrapLabel::minimumSizeHint() const {
   return {QLabel::minimumSizeHint().width(), heightForWidth(width())};
 }
