@@ -3,6 +3,9 @@
 _dialwright_cli() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} command= i
   COMPREPLY=()
+  # An equals sign is a word of its own.
+  [[ $word != = ]] || word=
+  [[ $before != = ]] || before=${COMP_WORDS[COMP_CWORD-2]}
   for ((i = 1; i < COMP_CWORD; ++i)); do
     case ${COMP_WORDS[i]} in
       --server | --slot) ((++i)) ;;

@@ -67,6 +67,8 @@ class FileStore {
   virtual void Remove(std::string_view path, bool force) = 0;
   /// Makes one folder. Fails with 58 if something is there, with 76 if its parent is not.
   virtual void CreateFolder(std::string_view path) = 0;
+  /// Makes one that nobody but its user may look into, where the folder above does not see to that.
+  virtual void CreatePrivateFolder(std::string_view path) { CreateFolder(path); }
 
   /// Where a path really lies, as the machine's user would find it.
   virtual std::string RealPath(std::string_view path) { return std::string(path); }

@@ -64,13 +64,14 @@ std::string Now(Clock& clock) {
   return text;
 }
 
-/// Makes a folder with those above it. One that cannot be made shows when something goes into it.
+/// Makes a folder with those above it: the scripts that it keeps may be for their user's eyes only.
+/// One that cannot be made shows when something goes into it.
 void MakeFolders(FileStore& files, const std::string& folder) {
   if (files.KindOf(folder) != FileStore::Kind::none) return;
   const std::size_t parent = folder.find_last_of("\\/", folder.size() - 2);
   if (parent != std::string::npos && parent > 0) MakeFolders(files, folder.substr(0, parent));
   try {
-    files.CreateFolder(folder);
+    files.CreatePrivateFolder(folder);
   } catch (const RuntimeFailure&) {
   }
 }

@@ -58,6 +58,12 @@ void ReplaceExisting(const std::string& hostPath, std::string_view bytes) {
   ReplaceFile(target, bytes);
 }
 
+void MakeFolder(const std::string& hostPath, mode_t permissions) {
+  if (mkdir(hostPath.c_str(), permissions) == 0) return;
+  if (errno == ENOENT) throw RuntimeFailure(Failure::pathNotFound);
+  ThrowErrno(errno, hostPath);
+}
+
 class OutputFilePosix : public OutputFile {
  public:
   OutputFilePosix(std::string hostPath, Descriptor opened)
@@ -160,10 +166,7 @@ void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overw
     ReplaceExisting(target, bytes);
     return;
   }
-  // No more readers than the source has; the owner may always write the copy, or a copy of a
-  // read-only file could not be renewed.
-  const std::optional<Status> status = StatusOf(source);
-  MakeFile(target, bytes, (status ? status->st_mode & 0777 : 0600) | 0200);
+  MakeFile(target, bytes, source);
 }
 
 void FileStorePosix::Remove(std::string_view path, bool force) {
@@ -173,11 +176,10 @@ void FileStorePosix::Remove(std::string_view path, bool force) {
   if (unlink(hostPath.c_str()) != 0) ThrowErrno(errno, hostPath);
 }
 
-void FileStorePosix::CreateFolder(std::string_view path) {
-  const std::string hostPath = HostPath(path);
-  if (mkdir(hostPath.c_str(), 0777) == 0) return;
-  if (errno == ENOENT) throw RuntimeFailure(Failure::pathNotFound);
-  ThrowErrno(errno, hostPath);
+void FileStorePosix::CreateFolder(std::string_view path) { MakeFolder(HostPath(path), 0777); }
+
+void FileStorePosix::CreatePrivateFolder(std::string_view path) {
+  MakeFolder(HostPath(path), 0700);
 }
 
 std::string FileStorePosix::RealPath(std::string_view path) { return HostPath(path); }

@@ -48,6 +48,7 @@ class FileStorePosix : public FileStore {
   void Copy(std::string_view from, std::string_view to, bool overwrite) override;
   void Remove(std::string_view path, bool force) override;
   void CreateFolder(std::string_view path) override;
+  void CreatePrivateFolder(std::string_view path) override;
   std::string RealPath(std::string_view path) override;
   bool IsWritable(std::string_view path) override;
   std::unique_ptr<FolderLock> Lock(std::string_view folder,

@@ -23,12 +23,12 @@ class Sibling {
  public:
   // The name does not grow with that of the file, which may be as long as names can be. One that is
   // there already is another program's at work, or was left by one that ended in the middle.
-  Sibling(const std::string& hostPath, unsigned permissions) {
+  explicit Sibling(const std::string& hostPath) {
     const std::string start =
         FolderOf(hostPath) + "/" + std::string(siblingStart) + std::to_string(getpid()) + "-";
     for (int attempt = 0; attempt < 1000 && !file; ++attempt) {
       path = start + std::to_string(attempt);
-      file = Descriptor::Open(path, O_WRONLY | O_CREAT | O_EXCL, permissions);
+      file = Descriptor::Open(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
       error = file ? 0 : errno;
       if (error != EEXIST) break;
     }
@@ -81,17 +81,19 @@ std::vector<std::string> AttributeNames(int file) {
   return names;
 }
 
+int CopyAttribute(int from, int to, const char* name) {
+  const ssize_t size = fgetxattr(from, name, nullptr, 0);
+  if (size < 0) return errno;
+  std::string value(static_cast<std::size_t>(size), '\0');
+  const ssize_t length = fgetxattr(from, name, value.data(), value.size());
+  if (length < 0) return errno;
+  return fsetxattr(to, name, value.data(), static_cast<std::size_t>(length), 0) == 0 ? 0 : errno;
+}
+
 int CopyAttributes(int from, int to) {
   for (const std::string& name : AttributeNames(from)) {
     if (!IsKept(name)) continue;
-    const ssize_t size = fgetxattr(from, name.c_str(), nullptr, 0);
-    if (size < 0) return errno;
-    std::string value(static_cast<std::size_t>(size), '\0');
-    const ssize_t length = fgetxattr(from, name.c_str(), value.data(), value.size());
-    if (length < 0) return errno;
-    if (fsetxattr(to, name.c_str(), value.data(), static_cast<std::size_t>(length), 0) != 0) {
-      return errno;
-    }
+    if (const int error = CopyAttribute(from, to, name.c_str())) return error;
   }
   return 0;
 }
@@ -105,6 +107,18 @@ int CopyOwnership(const Descriptor& from, const Descriptor& to) {
   if (!sameOwner && fchown(to.Number(), status.st_uid, status.st_gid) != 0) return errno;
   if (fchmod(to.Number(), status.st_mode & 07777) != 0) return errno;
   return CopyAttributes(from.Number(), to.Number());
+}
+
+// A copy of a read-only file could not be renewed if its owner might not write it. Where the access
+// list cannot be taken over, the group's permission, which is the most that the list allows, does
+// not go to the group itself.
+int CopyReaders(const Descriptor& from, const Descriptor& to) {
+  struct stat status {};
+  if (fstat(from.Number(), &status) != 0) return errno;
+  const bool hasList = fgetxattr(from.Number(), accessList, nullptr, 0) > 0;
+  const bool isTaken = hasList && CopyAttribute(from.Number(), to.Number(), accessList) == 0;
+  const mode_t kept = hasList && !isTaken ? 0707 : 0777;
+  return fchmod(to.Number(), (status.st_mode & kept) | 0200) == 0 ? 0 : errno;
 }
 
 // A folder that cannot be opened or flushed at all leaves the rename to the system's own time.
@@ -128,7 +142,7 @@ struct Attempt {
 
 Attempt ReplaceBySibling(const std::string& hostPath, const Descriptor& old,
                          std::string_view bytes) {
-  Sibling sibling(hostPath, 0600);
+  Sibling sibling(hostPath);
   if (sibling.error != 0) return {sibling.error};
   if (const int error = CopyOwnership(old, sibling.file)) return {error};
   if (const int error = WriteAndRename(sibling, hostPath, bytes)) return {error};
@@ -183,9 +197,12 @@ void ReplaceFile(const std::string& hostPath, std::string_view bytes) {
   if (error != 0) ThrowErrno(error, hostPath);
 }
 
-void MakeFile(const std::string& hostPath, std::string_view bytes, unsigned permissions) {
-  Sibling sibling(hostPath, permissions);
+void MakeFile(const std::string& hostPath, std::string_view bytes, const std::string& model) {
+  const Descriptor old = Descriptor::Open(model, O_RDONLY | O_NONBLOCK);
+  if (!old) ThrowErrno(errno, model);
+  Sibling sibling(hostPath);
   if (sibling.error != 0) ThrowErrno(sibling.error, hostPath);
+  if (const int error = CopyReaders(old, sibling.file)) ThrowErrno(error, hostPath);
   if (const int error = WriteAndRename(sibling, hostPath, bytes)) ThrowErrno(error, hostPath);
   if (const int error = FlushFolder(hostPath)) ThrowErrno(error, hostPath);
 }

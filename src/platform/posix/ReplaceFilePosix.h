@@ -12,8 +12,8 @@ inline constexpr std::string_view siblingStart = ".dialwright-";
 /// RuntimeFailure.
 void ReplaceFile(const std::string& hostPath, std::string_view bytes);
 
-/// Makes a file with its bytes in one step; what stands at the path by then is replaced.
-/// The process's mask is taken off the permissions.
-void MakeFile(const std::string& hostPath, std::string_view bytes, unsigned permissions);
+/// Makes a file with its bytes in one step; what stands at the path by then is replaced. It has no
+/// more readers than the model, another file; its owner may always write it.
+void MakeFile(const std::string& hostPath, std::string_view bytes, const std::string& model);
 
 }  // namespace dialwright

@@ -19,15 +19,14 @@ std::wstring FolderOf(const std::wstring& path) {
 class Sibling {
  public:
   // A name that is there already is another program's at work, or was left by one that ended in the
-  // middle. A copy brings the attributes and the named streams of its model.
-  Sibling(const std::wstring& target, bool isModel) {
+  // middle.
+  explicit Sibling(const std::wstring& target) {
     const std::wstring start =
         FolderOf(target) + siblingStart + std::to_wstring(GetCurrentProcessId()) + L"-";
     bool made = false;
     for (int attempt = 0; attempt < 1000 && !made; ++attempt) {
       path = start + std::to_wstring(attempt);
-      made = isModel ? CopyFileW(target.c_str(), path.c_str(), TRUE) != 0
-                     : bool(HandleWin32::Open(path, GENERIC_WRITE, CREATE_NEW));
+      made = bool(HandleWin32::Open(path, GENERIC_WRITE, CREATE_NEW));
       const DWORD error = GetLastError();
       if (!made && error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS) break;
     }
@@ -72,44 +71,47 @@ struct Security {
     const DWORD error = GetNamedSecurityInfoW(
         name.data(), SE_FILE_OBJECT,
         OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &owner,
-        &group, &access, nullptr, &read);
+        &group, nullptr, nullptr, &read);
     descriptor.reset(read);
     if (error != ERROR_SUCCESS) throw RuntimeFailure(FailureOfWin32(error));
+    // Entries that the file once took over from its folder stay known as such.
     SECURITY_DESCRIPTOR_CONTROL control = 0;
     DWORD revision = 0;
-    if (GetSecurityDescriptorControl(read, &control, &revision)) {
-      isProtected = (control & SE_DACL_PROTECTED) != 0;
+    if (GetSecurityDescriptorControl(read, &control, &revision) &&
+        (control & SE_DACL_AUTO_INHERITED) != 0) {
+      SetSecurityDescriptorControl(read, SE_DACL_AUTO_INHERIT_REQ, SE_DACL_AUTO_INHERIT_REQ);
     }
   }
 
   std::unique_ptr<void, LocalFreeing> descriptor;
   PSID owner = nullptr;
   PSID group = nullptr;
-  PACL access = nullptr;
-  bool isProtected = false;
 };
 
 bool IsSame(PSID a, PSID b) { return a != nullptr && b != nullptr && EqualSid(a, b); }
 
 // To give a file to another owner takes a right that few have: it is asked for only where it is
-// needed.
+// needed. The access list is taken over as it is: what the folder hands on to new files in it would
+// open this one to others than its model.
 void CopySecurity(const std::wstring& from, const std::wstring& to) {
   const Security old(from);
   const Security fresh(to);
-  SECURITY_INFORMATION parts =
-      DACL_SECURITY_INFORMATION | (old.isProtected ? PROTECTED_DACL_SECURITY_INFORMATION
-                                                   : UNPROTECTED_DACL_SECURITY_INFORMATION);
+  SECURITY_INFORMATION parts = DACL_SECURITY_INFORMATION;
   if (!IsSame(old.owner, fresh.owner)) parts |= OWNER_SECURITY_INFORMATION;
   if (!IsSame(old.group, fresh.group)) parts |= GROUP_SECURITY_INFORMATION;
-  std::wstring name = to;
-  const DWORD error = SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, parts, old.owner,
-                                            old.group, old.access, nullptr);
-  if (error != ERROR_SUCCESS) throw RuntimeFailure(Failure::permissionDenied);
+  if (!SetFileSecurityW(to.c_str(), parts, old.descriptor.get()))
+    throw RuntimeFailure(Failure::permissionDenied);
 }
 
+// The copy brings the named streams, and on a new file the attributes too. It comes after the
+// access list, so that nobody reads what he could not read before.
 void ReplaceBySibling(const std::wstring& path, std::string_view bytes) {
-  Sibling sibling(path, true);
+  Sibling sibling(path);
   CopySecurity(path, sibling.path);
+  if (!CopyFileW(path.c_str(), sibling.path.c_str(), FALSE) ||
+      !SetFileAttributesW(sibling.path.c_str(), GetFileAttributesW(path.c_str()))) {
+    ThrowLastError();
+  }
   sibling.Fill(bytes);
   sibling.RenameTo(path);
 }
@@ -150,7 +152,7 @@ void ReplaceWithBytes(const std::wstring& path, std::string_view bytes) {
 }
 
 void MakeWithBytes(const std::wstring& path, std::string_view bytes) {
-  Sibling sibling(path, false);
+  Sibling sibling(path);
   sibling.Fill(bytes);
   sibling.RenameTo(path);
 }

@@ -67,6 +67,49 @@ TEST_F(FileStorePosixTest, ACopyOverAFileKeepsAllButItsText) {
   EXPECT_EQ(Status("drive_c/c.txt").st_mode & 07777, 0640u);
 }
 
+/// An access list with one more user than the permissions tell, as the system keeps it.
+std::string ListFor(std::uint32_t user) {
+  const std::uint32_t nobody = 0xFFFFFFFF;
+  struct Entry {
+    std::uint16_t who, permissions;
+    std::uint32_t id;
+  };
+  const Entry entries[] = {
+      {1, 6, nobody}, {2, 6, user}, {4, 0, nobody}, {16, 6, nobody}, {32, 0, nobody}};
+  const std::uint32_t version = 2;
+  return std::string(reinterpret_cast<const char*>(&version), sizeof version) +
+         std::string(reinterpret_cast<const char*>(entries), sizeof entries);
+}
+
+// What the folder hands on to new files in it does not open a script to others.
+TEST_F(FileStorePosixTest, AccessListsAreThoseOfTheOldFile) {
+  const auto listOf = [this](std::string_view name) {
+    std::string list(200, '\0');
+    const ssize_t size =
+        getxattr((host / name).c_str(), "system.posix_acl_access", list.data(), list.size());
+    return list.substr(0, size < 0 ? 0 : static_cast<std::size_t>(size));
+  };
+  host.Write("drive_c/plain.txt", "old");
+  host.Write("drive_c/listed.txt", "old");
+  ASSERT_EQ(chmod((host / "drive_c/plain.txt").c_str(), 0640), 0);
+  const std::string own = ListFor(2345), inherited = ListFor(1234);
+  if (setxattr((host / "drive_c/listed.txt").c_str(), "system.posix_acl_access", own.data(),
+               own.size(), 0) != 0 ||
+      setxattr((host / "drive_c").c_str(), "system.posix_acl_default", inherited.data(),
+               inherited.size(), 0) != 0)
+    GTEST_SKIP() << "no access lists here";
+  for (const auto& [name, list, mode] :
+       {std::tuple("plain", std::string(), 0640u), {"listed", own, 0660u}}) {
+    const std::string path = std::string("C:\\") + name;
+    store.Replace(path + ".txt", "new");
+    store.Copy(path + ".txt", path + ".copy", false);
+    for (const std::string end : {".txt", ".copy"}) {
+      EXPECT_EQ(listOf("drive_c/" + (name + end)), list) << name << end;
+      EXPECT_EQ(Status("drive_c/" + (name + end)).st_mode & 0777, mode) << name << end;
+    }
+  }
+}
+
 // A user who may write the file but make no new one in its place: the bytes go into the old one, or
 // stay where there is no room. By such a user in a child process, under a limit on files' sizes.
 TEST_F(FileStorePosixTest, ReplacingByACommonUser) {
