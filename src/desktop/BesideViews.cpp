@@ -35,9 +35,6 @@ BesideViews::BesideViews(frmMain& mainForm, QMainWindow& mainWindow, ControlView
   panel = new KeypadPanel(
       form, {goTo, [this](char key) { focus.TypeKey(key); }, [this] { focus.ComeBack(); }});
   panel->hide();
-  for (int grid = 0; grid < gridCount; ++grid)
-    if (auto* line = window.findChild<FindingLine*>(QString("findings(%1)").arg(grid)))
-      line->goTo = goTo;
   BuildMenu();
 }
 
@@ -138,7 +135,8 @@ void BesideViews::GoToOtherRow() {
 
 void BesideViews::MarkRows() {
   for (int grid = 0; grid < gridCount; ++grid) {
-    auto& view = static_cast<GridView&>(*views.FocusWidget(&At(form.gridKeyMap, grid)));
+    auto* view = static_cast<GridView*>(views.FocusWidget(&At(form.gridKeyMap, grid)));
+    if (view == nullptr) continue;
     std::vector<KeyGridModel::RowMark> marks(
         static_cast<std::size_t>(At(form.gridKeyMap, grid).Rows() - 1));
     for (const Finding& finding : findings) {
@@ -152,7 +150,7 @@ void BesideViews::MarkRows() {
         mark.tip += FindingText(form, finding, row);
       }
     }
-    view.ShowMarks(std::move(marks));
+    view->ShowMarks(std::move(marks));
   }
 }
 
@@ -178,8 +176,11 @@ void BesideViews::MarkTabs() {
 
 void BesideViews::ShowLines() {
   for (int grid = 0; grid < gridCount; ++grid)
-    if (auto* line = window.findChild<FindingLine*>(QString("findings(%1)").arg(grid)))
+    if (auto* line = window.findChild<FindingLine*>(QString("findings(%1)").arg(grid))) {
+      if (!line->goTo)
+        line->goTo = [this](int where, const std::string& token) { GoTo(where, token); };
       line->Show(findings);
+    }
 }
 
 void BesideViews::Refresh() {

@@ -7,8 +7,10 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "beside/StepNames.h"
 #include "desktop/AboutDialog.h"
@@ -94,11 +96,19 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::BuildTabs() {
-  for (int i = 0; i < gridCount; ++i) tabs->addTab(new TabPage(form, i, views), QString());
+  for (int i = 0; i < gridCount; ++i)
+    tabs->addTab(At(pages, i) = new TabPage(form, i, views), QString());
+  At(pages, mainMenuGrid)->Build();
   setup = new SetupPage(form, views);
   tabs->addTab(new PaneScroll(*setup), QString());
   tabs->tabBar()->setElideMode(Qt::ElideNone);
   views.Join(form.SSTab1, *tabs);
+}
+
+void MainWindow::BuildOtherPages() {
+  if (std::exchange(allPagesBuilt, true)) return;
+  for (TabPage* page : pages) page->Build();
+  Refresh();
 }
 
 void MainWindow::BuildBottom() {
@@ -192,7 +202,10 @@ void MainWindow::ListenToControls() {
     about = std::make_unique<AboutDialog>(box, entry, this);
     about->holdsUp = aboutHoldsUp;
   };
-  entry.stepBegins = [this] { history.StepBegins(); };
+  entry.stepBegins = [this] {
+    BuildOtherPages();
+    history.StepBegins();
+  };
   entry.afterWork = [this] {
     Refresh();
     if (about) about->Refresh();
@@ -200,6 +213,7 @@ void MainWindow::ListenToControls() {
 }
 
 void MainWindow::Refresh() {
+  if (form.SSTab1.Tab() != mainMenuGrid) BuildOtherPages();
   translations->Refresh();
   PlaceDocuments();
   views.Refresh();
@@ -232,8 +246,8 @@ void MainWindow::BuildStatus() {
 void MainWindow::ShowChanges() {
   const std::vector<Change> changes = history.Changes();
   for (int i = 0; i < gridCount; ++i)
-    static_cast<GridView*>(views.FocusWidget(&At(form.gridKeyMap, i)))
-        ->ShowChanges(ChangeTips(form, i, changes));
+    if (auto* grid = static_cast<GridView*>(views.FocusWidget(&At(form.gridKeyMap, i))))
+      grid->ShowChanges(ChangeTips(form, i, changes));
 }
 
 void MainWindow::OpenChanges() {
@@ -267,6 +281,15 @@ void MainWindow::Open() {
   if (beside->Panel().isVisibleTo(this))
     width += beside->Panel().sizeHint().width() + middle->spacing();
   ShowFitted(*this, QSize(width, fontMetrics().height() * 42));
+}
+
+void MainWindow::paintEvent(QPaintEvent* event) {
+  QMainWindow::paintEvent(event);
+  if (std::exchange(wasPainted, true)) return;
+  QTimer::singleShot(1, this, [this] {  // what is painted is on the screen by then
+    BuildOtherPages();
+    if (seen) seen();
+  });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -24,6 +24,7 @@ class KeyMapItems;
 class Menus;
 class Program;
 class SetupPage;
+class TabPage;
 class Translations;
 struct frmMain;
 
@@ -46,6 +47,10 @@ class MainWindow : public QMainWindow {
   /// The title names the server too, where it is not the machine's own.
   void NameServer(const QString& name);
 
+  /// Called when the window has been painted for the first time: the place for what its first sight
+  /// shall not wait for.
+  std::function<void()> seen;
+
   /// Shows what the controls hold now.
   void Refresh();
 
@@ -62,9 +67,12 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void BuildTabs();
+  /// Makes the pages that are not seen at the start.
+  void BuildOtherPages();
   void BuildBottom();
   void PlaceDocuments();
   void ListenToControls();
@@ -92,6 +100,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<StatusLine> status;
   std::unique_ptr<AboutDialog> about;
   QTabWidget* tabs = nullptr;
+  ControlArray<TabPage*> pages{};
   SetupPage* setup = nullptr;
   QHBoxLayout* middle = nullptr;
   QHBoxLayout* bottom = nullptr;
@@ -99,6 +108,8 @@ class MainWindow : public QMainWindow {
   QString serverName;
   bool documentsOnSetup = false;
   bool refreshQueued = false;
+  bool allPagesBuilt = false;
+  bool wasPainted = false;
 };
 
 }  // namespace dialwright

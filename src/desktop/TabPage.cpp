@@ -81,7 +81,11 @@ QString Room(frmMain& form, const EditBox& box) {
 
 }  // namespace
 
-TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent) : QWidget(parent) {
+TabPage::TabPage(frmMain& theForm, int theIndex, ControlViews& theViews)
+    : form(theForm), index(theIndex), views(theViews) {}
+
+void TabPage::Build() {
+  if (layout() != nullptr) return;
   auto* about = new WrapLabel;
   auto* grid = new GridView(At(form.gridKeyMap, index), index);
   auto* heading = new ActionHeading;
@@ -153,31 +157,30 @@ TabPage::TabPage(frmMain& form, int index, ControlViews& views, QWidget* parent)
   views.Join(At(form.txtDescription, index), *description);
   views.Name(At(form.txtKeyAssignment, index), *keyLabel);
 
-  key->tellFull = [&form, index, key] {
+  key->tellFull = [this, key] {
     QApplication::beep();
     QToolTip::showText(key->mapToGlobal(key->rect().bottomLeft()),
                        ToQt(form.program.mymyLoadString(1302)) + " " +
                            Room(form, At(form.txtKeyAssignment, index)),
                        key);
   };
-  views.Show(
-      [&form, index, grid, heading, key, room, order, silence, orderFrame, description, this] {
-        const QString action = RowInHand(At(form.gridKeyMap, index));
-        const QString explained = LinesToQt(At(form.txtDescription, index).Caption());
-        const auto text = [&form](int number) { return ToQt(form.program.mymyLoadString(number)); };
-        heading->TakeFontOf(*this);
-        heading->setText(action);
-        room->setText(Room(form, At(form.txtKeyAssignment, index)));
-        silence->setText(text(1303));
-        order->SetNames(text(1304), text(1305));
-        SetSpoken(*grid, ToQt(form.SSTab1.TabCaption(index)));
-        const QString label = Spoken(ToQt(At(form.labelKeyMap, index).Caption));
-        SetSpoken(*key, action.isEmpty() ? label : action + ", " + label,
-                  ToQt(At(form.lblKeyMap, index).Caption) + "\n" + room->text() + "\n" + explained);
-        SetSpoken(*order, ToQt(At(form.frameMenuOrder, index).Caption), action);
-        SetSpoken(*description, ToQt(At(form.frameDescription, index).Caption));
-        SetSpoken(*this, ToQt(form.SSTab1.TabCaption(index)));
-      });
+  views.Show([grid, heading, key, room, order, silence, orderFrame, description, this] {
+    const QString action = RowInHand(At(form.gridKeyMap, index));
+    const QString explained = LinesToQt(At(form.txtDescription, index).Caption());
+    const auto text = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
+    heading->TakeFontOf(*this);
+    heading->setText(action);
+    room->setText(Room(form, At(form.txtKeyAssignment, index)));
+    silence->setText(text(1303));
+    order->SetNames(text(1304), text(1305));
+    SetSpoken(*grid, ToQt(form.SSTab1.TabCaption(index)));
+    const QString label = Spoken(ToQt(At(form.labelKeyMap, index).Caption));
+    SetSpoken(*key, action.isEmpty() ? label : action + ", " + label,
+              ToQt(At(form.lblKeyMap, index).Caption) + "\n" + room->text() + "\n" + explained);
+    SetSpoken(*order, ToQt(At(form.frameMenuOrder, index).Caption), action);
+    SetSpoken(*description, ToQt(At(form.frameDescription, index).Caption));
+    SetSpoken(*this, ToQt(form.SSTab1.TabCaption(index)));
+  });
 }
 
 }  // namespace dialwright

@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-#include <QTimer>
 #include <exception>
 #include <optional>
 
@@ -39,12 +38,11 @@ void RunProgram(const Place& place, Opening& opening) {
   Dispatch& dispatch = window.Entry();
   dispatch.Run([&] { Form_Load(*program.main); });
   if (!dispatch.Ended()) {
-    window.Open();
-    // Behind the first paint, which waits for neither.
-    QTimer::singleShot(0, &window, [&] {
+    window.seen = [&] {
       QApplication::setWindowIcon(QIcon(DrawServer(64)));
       opening.Opened(place);
-    });
+    };
+    window.Open();
     QApplication::exec();
   }
   messages.window = nullptr;

@@ -24,11 +24,11 @@ WindowTest::WindowTest()
   for (const auto& file : fs::recursive_directory_iterator(world.HostPath("C:\\")))
     fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
   ReadRegistryFile(BytesOf(image / "server.reg"), world.registry);
+  Form_Load(form);
+  user.Started();
   for (const QTableView* grid : window.findChildren<QTableView*>())
     new QAbstractItemModelTester(grid->model(),
                                  QAbstractItemModelTester::FailureReportingMode::Fatal, &window);
-  Form_Load(form);
-  user.Started();
 }
 
 void WindowTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -52,9 +52,12 @@ WindowUser::WindowUser(Program& theProgram)
 }
 
 void WindowUser::Started() {
+  bool isSeen = false;
+  window.seen = [&] { isSeen = true; };
   window.Open();
   window.activateWindow();
-  QCoreApplication::processEvents();
+  while (!isSeen) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  window.seen = nullptr;
   Finished(Outcome::done);
 }
 
