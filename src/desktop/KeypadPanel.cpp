@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QStackedWidget>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -48,13 +47,14 @@ KeypadPanel::KeypadPanel(frmMain& mainForm, Ways ways, QWidget* parent)
   MakeHeading(*title);
   empty = new WrapLabel;
   empty->setObjectName("keypadEmpty");
-  pages = new QStackedWidget;
-  pages->addWidget(BuildTelephone());
-  pages->addWidget(empty);
+  empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  telephone = BuildTelephone();
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(4, 0, 0, 0);
   column->addWidget(title);
-  column->addWidget(pages, 1);
+  column->addWidget(telephone, 1);
+  column->addWidget(empty, 1);
+  empty->hide();
 
   pauseTimer.setSingleShot(true);
   pauseTimer.setInterval(pauseMilliseconds);
@@ -62,8 +62,8 @@ KeypadPanel::KeypadPanel(frmMain& mainForm, Ways ways, QWidget* parent)
 }
 
 QWidget* KeypadPanel::BuildTelephone() {
-  auto* telephone = new QWidget;
-  auto* column = new QVBoxLayout(telephone);
+  auto* contents = new QWidget;
+  auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(0, 0, 6, 0);
   column->setSpacing(6);
   auto* keys = new QGridLayout;
@@ -114,7 +114,7 @@ QWidget* KeypadPanel::BuildTelephone() {
   scroll->setWidgetResizable(true);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setWidget(telephone);
+  scroll->setWidget(contents);
   return scroll;
 }
 
@@ -156,13 +156,14 @@ void KeypadPanel::Refresh() {
   const int tab = form.SSTab1.Tab();
   title->setText(Word(1389));
   setAccessibleName(Word(1389));
-  if (tab >= gridCount) {
+  const bool hasKeys = tab < gridCount;
+  telephone->setVisible(hasKeys);
+  empty->setVisible(!hasKeys);
+  if (!hasKeys) {
     if (trying) Try(false);
     empty->setText(Word(1392));
-    pages->setCurrentIndex(1);
     return;
   }
-  pages->setCurrentIndex(0);
   rows = EffectiveRows(form, tab);
   keypad = KeypadOf(rows);
   tryButton->setText(Word(1399));
@@ -285,7 +286,7 @@ void KeypadPanel::OfferMenu(const KeypadKey& key, const QPoint& place) {
 }
 
 void KeypadPanel::TakeKeyboard() {
-  if (pages->currentIndex() == 0) buttons.front()->setFocus(Qt::OtherFocusReason);
+  if (!telephone->isHidden()) buttons.front()->setFocus(Qt::OtherFocusReason);
 }
 
 void KeypadPanel::Try(bool on) {

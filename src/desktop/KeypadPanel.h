@@ -14,7 +14,6 @@ class QLabel;
 class QListWidget;
 class QListWidgetItem;
 class QPushButton;
-class QStackedWidget;
 
 namespace dialwright {
 
@@ -74,9 +73,9 @@ class KeypadPanel : public QWidget {
   Keypad keypad;
   char pointed = 0;  ///< the key that the pointer or the keyboard is on
 
-  QStackedWidget* pages;
   QLabel* title;
-  QLabel* empty;
+  QLabel* empty;  ///< in place of the telephone on a tab without keys
+  QWidget* telephone;
   std::array<KeyButton*, telephoneKeys.size()> buttons{};
   QPushButton* tryButton;
   QLabel* sequencesTitle;

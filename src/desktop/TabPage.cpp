@@ -39,7 +39,7 @@ class DescriptionText : public QTextEdit {
   // It takes what room there is, and scrolls when that is little.
   QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override {
-    return {fontMetrics().averageCharWidth() * 34, fontMetrics().lineSpacing() * 4};
+    return {fontMetrics().averageCharWidth() * 26, fontMetrics().lineSpacing() * 4};
   }
 };
 
