@@ -1,13 +1,13 @@
 #include "desktop/ChangesDialog.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "beside/History.h"
 #include "desktop/ChangeTexts.h"
+#include "desktop/Columns.h"
 #include "desktop/Dispatch.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
@@ -42,10 +42,9 @@ ChangesDialog::ChangesDialog(History& steps, Dispatch& dispatch, QWidget* parent
   list->setHeaderLabels({text(actionHead), text(beforeHead), text(nowHead)});
   list->setAllColumnsShowFocus(true);
   list->setUniformRowHeights(true);
-  list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  list->header()->setStretchLastSection(true);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
   go = buttons->addButton(text(goToRow), QDialogButtonBox::ActionRole);
   go->setObjectName("goToRow");
   revert = buttons->addButton(text(revertText), QDialogButtonBox::ActionRole);
@@ -61,11 +60,14 @@ ChangesDialog::ChangesDialog(History& steps, Dispatch& dispatch, QWidget* parent
     accept();
   };
   connect(list, &QTreeWidget::itemSelectionChanged, this, [this] { ShowButtons(); });
-  connect(list, &QTreeWidget::itemActivated, this, leave);
+  // Enter in the list and a double click go to the row too.
+  go->setDefault(true);
+  connect(list, &QTreeWidget::itemDoubleClicked, this, leave);
   connect(go, &QPushButton::clicked, this, leave);
   connect(revert, &QPushButton::clicked, this, [this] { RevertChosen(); });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   Fill();
+  list->setFocus();
   const QFontMetrics metrics(font());
   resize(metrics.averageCharWidth() * 76, metrics.height() * 24);
 }
@@ -102,6 +104,7 @@ void ChangesDialog::Fill() {
     auto* nothing = new QTreeWidgetItem(list, {ToQt(form.program.mymyLoadString(nothingDiffers))});
     nothing->setFirstColumnSpanned(true);
   }
+  FitColumns(*list);
   QTreeWidgetItem* first = list->topLevelItem(0);
   list->setCurrentItem(first->childCount() > 0 ? first->child(0) : first);
   ShowButtons();

@@ -1,7 +1,6 @@
 #include "desktop/EarlierVersionsDialog.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -9,6 +8,7 @@
 #include <utility>
 
 #include "beside/VersionDifferences.h"
+#include "desktop/Columns.h"
 #include "desktop/HelpKey.h"
 #include "desktop/QtText.h"
 #include "desktop/WrapLabel.h"
@@ -93,8 +93,7 @@ void EarlierVersionsDialog::ShowDifferences() {
                                Cell(program, difference.now, difference.isVoiced, tellVoice)});
   }
   differences->expandAll();
-  for (int column = 0; column < differences->columnCount(); ++column)
-    differences->resizeColumnToContents(column);
+  FitColumns(*differences);
   QString text = grid < 0 ? ToQt(program.mymyLoadString(1374)) : QString();
   if (form.cmdSave.Enabled)
     text += (text.isEmpty() ? "" : "\n") + ToQt(program.mymyLoadString(1375));

@@ -1,12 +1,12 @@
 #include "desktop/FindLine.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "desktop/Columns.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
@@ -65,7 +65,7 @@ void FindLine::Search(const QString& text) {
   } else {
     list->setCurrentItem(list->topLevelItem(0));
   }
-  for (const int column : {1, 0}) list->resizeColumnToContents(column);
+  FitColumns(*list);
   line->setAccessibleDescription(found.empty() ? list->topLevelItem(0)->text(0)
                                                : QString::number(found.size()));
 }

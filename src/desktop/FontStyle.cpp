@@ -83,7 +83,7 @@ int FontStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return std::max(usual, letters.ascent());
     }
     case PM_TabBarTabHSpace: {
-      constexpr int roomy = 18;  // so that in a large font all tabs stay in sight
+      constexpr int roomy = 12;  // so that in a large font all tabs stay in sight
       return std::min(usual, roomy);
     }
     default:

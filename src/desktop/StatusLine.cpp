@@ -7,6 +7,7 @@
 
 #include "beside/Findings.h"
 #include "beside/StatusTexts.h"
+#include "desktop/CutLabel.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
 #include "shell/frmMain.h"
@@ -23,8 +24,8 @@ StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& bar)
     : form(mainForm),
       server(new QLabel),
       findings(new QToolButton),
-      told(new QLabel),
-      saved(new QLabel) {
+      told(new CutLabel),
+      saved(new CutLabel) {
   server->setObjectName("statusServer");
   findings->setObjectName("statusFindings");
   saved->setObjectName("statusSaved");
@@ -35,6 +36,8 @@ StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& bar)
     if (findingsWanted) findingsWanted();
   });
   told->setObjectName("statusTold");
+  // What was done is said in what room the others leave.
+  told->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   bar.addWidget(server);
   bar.addWidget(findings);
   bar.addWidget(told, 1);

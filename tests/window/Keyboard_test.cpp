@@ -4,10 +4,12 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDialog>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTimer>
@@ -286,6 +288,32 @@ TEST_F(FocusFilterTest, UndoTakesTheTypingBackFirstAndNamesWhatItWouldDo) {
   Press(Qt::Key_Y, Qt::ControlModifier);
   Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(form.txtKeyAssignment[0].Text(), "12");
+}
+
+TEST_F(FocusFilterTest, TheListOfChangesLeadsToARowAndRevertsOne) {
+  user.Row(0, "MENU_SAVED");
+  user.Type("99", true);
+  user.Row(0, "MENU_NEW");
+  user.Tab(bodyGrid);
+  const auto inList = [this](const std::function<void(QDialog&)>& act) {
+    QTimer::singleShot(0, [&act] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      act(*dialog);
+    });
+    widget<QAction>("mnuChanges").trigger();
+  };
+  inList([](QDialog& dialog) { QTest::keyClick(dialog.focusWidget(), Qt::Key_Return); });
+  EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
+  EXPECT_EQ(form.txtKeyAssignment[0].Text(), "99");
+  EXPECT_TRUE(window.isWindowModified());
+  inList([](QDialog& dialog) {
+    dialog.findChild<QPushButton*>("revertChange")->click();
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(form.txtKeyAssignment[0].Text(), "3");
+  EXPECT_FALSE(window.isWindowModified());
+  EXPECT_FALSE(form.cmdSave.Enabled);
 }
 
 class KeyEditTest : public WindowTest {
