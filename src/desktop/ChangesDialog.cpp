@@ -12,6 +12,7 @@
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
+#include "desktop/ScreenFit.h"
 #include "scripts/SetupOptions.h"
 #include "shell/Program.h"
 
@@ -69,7 +70,7 @@ ChangesDialog::ChangesDialog(History& steps, Dispatch& dispatch, QWidget* parent
   Fill();
   list->setFocus();
   const QFontMetrics metrics(font());
-  resize(metrics.averageCharWidth() * 76, metrics.height() * 24);
+  resize(FittingSize(*this, {metrics.averageCharWidth() * 76, metrics.height() * 24}));
 }
 
 const Change* ChangesDialog::Chosen() const {

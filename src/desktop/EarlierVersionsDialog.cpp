@@ -10,7 +10,9 @@
 #include "beside/VersionDifferences.h"
 #include "desktop/Columns.h"
 #include "desktop/HelpKey.h"
+#include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/WrapLabel.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
@@ -21,7 +23,7 @@ namespace {
 
 /// A key with whether the menu announces it, where the two differ in that.
 QString Cell(Program& program, const std::string& key, bool isVoiced, bool tellVoice) {
-  const QString text = key.empty() ? ToQt(program.mymyLoadString(1369)) : ToQt(key);
+  QString text = key.empty() ? ToQt(program.mymyLoadString(1369)) : ToQt(key);
   if (!tellVoice) return text;
   return text + ", " + ToQt(program.mymyLoadString(isVoiced ? 1370 : 1371));
 }
@@ -40,8 +42,9 @@ EarlierVersionsDialog::EarlierVersionsDialog(frmMain& mainForm, QWidget* parent,
   const auto text = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
   setObjectName("earlierVersionsDialog");
   SetHelpPage(*this, "earlier-versions.html");
-  setWindowTitle(Spoken(text(1361)).remove("..."));
+  setWindowTitle(TitleOf(text(1361)));
   setAttribute(Qt::WA_DeleteOnClose);
+  setFont(LanguageFont(form.cmdSave.Font));
   auto* column = new QVBoxLayout(this);
   auto* head = new WrapLabel;
   head->setText(text(versions.empty() ? 1363 : 1362));
@@ -69,7 +72,7 @@ EarlierVersionsDialog::EarlierVersionsDialog(frmMain& mainForm, QWidget* parent,
   connect(times, &QListWidget::currentRowChanged, this, [this] { ShowDifferences(); });
   if (!versions.empty()) times->setCurrentRow(0);
   ShowDifferences();
-  resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 24);
+  resize(FittingSize(*this, {fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 24}));
 }
 
 void EarlierVersionsDialog::ShowDifferences() {

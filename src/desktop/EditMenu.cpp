@@ -74,7 +74,7 @@ void EditMenu::AddStep(const QString& name, int text, int namedText,
   };
   Add(name, {nullptr, caption, [this, stepName] { return !(history.*stepName)().empty(); }},
       [this, caption, run] {
-        const QString told = caption().remove('&');
+        const QString told = Spoken(caption());
         if ((history.*run)() && done) done(told);
       });
 }

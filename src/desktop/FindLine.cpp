@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -10,6 +9,7 @@
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
+#include "desktop/ScreenFit.h"
 #include "shell/Program.h"
 
 namespace dialwright {
@@ -21,7 +21,7 @@ FindLine::FindLine(const frmMain& mainForm, GoTo goTo, QWidget* parent)
   SetHelpPage(*this, "keypad.html#find");
   setAttribute(Qt::WA_DeleteOnClose);
   setFont(LanguageFont(form.cmdSave.Font));
-  setWindowTitle(word(1387).remove('&').remove("..."));
+  setWindowTitle(TitleOf(word(1387)));
   line = new QLineEdit;
   line->setObjectName("findLine");
   line->setPlaceholderText(word(1403));
@@ -47,8 +47,8 @@ FindLine::FindLine(const frmMain& mainForm, GoTo goTo, QWidget* parent)
   connect(list, &QTreeWidget::itemClicked, this, [this] { accept(); });
 
   const int letter = fontMetrics().averageCharWidth();
-  resize(std::min(parent->screen()->availableSize().width(), 110 * letter),
-         std::min(parent->height() * 2 / 3, 24 * fontMetrics().height()));
+  const int height = std::min(parent->height() * 2 / 3, 24 * fontMetrics().height());
+  resize(FittingSize(*parent, {std::min(parent->width() - 4 * letter, 90 * letter), height}));
   move(parent->mapToGlobal(QPoint((parent->width() - width()) / 2, 4 * letter)));
   Search({});
 }

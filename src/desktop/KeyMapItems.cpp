@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <utility>
 
 #include "desktop/Dispatch.h"
@@ -35,10 +34,7 @@ constexpr const char* helpPage = "key-map-files.html";
 
 QString Text(const frmMain& form, int number) { return ToQt(form.program.mymyLoadString(number)); }
 
-/// A dialog's title is the menu item without its signs for the keyboard and for a dialog.
-QString Title(const frmMain& form, int number) {
-  return Text(form, number).remove(QRegularExpression("\\(&.\\)|&|\\.\\.\\.$"));
-}
+std::string SystemPath(const QString& path) { return ReplaceAll(FromQt(path), "/", "\\"); }
 
 }  // namespace
 
@@ -105,7 +101,7 @@ void KeyMapItems::Refresh() {
 
 std::string KeyMapItems::AskPath(Asked what) {
   const bool writes = what == Asked::target;
-  QFileDialog dialog(&window, Title(form, writes ? exportText : importText), folder,
+  QFileDialog dialog(&window, TitleOf(Text(form, writes ? exportText : importText)), folder,
                      Text(form, keyMapsText) + " (*.json)");
   dialog.setObjectName("dlgKeyMap");
   SetHelpPage(dialog, helpPage);
@@ -117,7 +113,8 @@ std::string KeyMapItems::AskPath(Asked what) {
   if (dialog.exec() != QDialog::Accepted) return {};
   const QFileInfo file(dialog.selectedFiles().value(0));
   folder = file.absolutePath();
-  const std::string path = ReplaceAll(FromQt(file.absoluteFilePath()), "/", "\\");
+  asked = QDir::toNativeSeparators(file.absoluteFilePath());
+  const std::string path = SystemPath(asked);
   // The system finds names in another case too: the user has not agreed to lose that file.
   if (writes && !file.exists() &&
       form.program.services.files.KindOf(path) == FileStore::Kind::file) {
@@ -129,8 +126,10 @@ std::string KeyMapItems::AskPath(Asked what) {
 }
 
 void KeyMapItems::Tell(const KeyMapNews& news) {
-  const std::string text = news.fault.empty() ? SkippedText(form, news.skipped) : news.fault;
+  std::string text = news.fault.empty() ? SkippedText(form, news.skipped) : news.fault;
   if (text.empty()) return;
+  // The user has chosen the file by its name on this machine.
+  if (!asked.isEmpty()) text = ReplaceAll(text, SystemPath(asked), FromQt(asked));
   SetHelpPage(window, helpPage);  // for the box that the window is held up by
   form.program.services.messages.MsgBox(text, MsgBoxButtons::OK, {});
   SetHelpPage(window, nullptr);

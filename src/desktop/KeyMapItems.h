@@ -48,6 +48,7 @@ class KeyMapItems {
   QMenu* copies;
   std::array<QAction*, slotCount> copyItems{};
   QString folder;  ///< where the user was last
+  QString asked;   ///< the file that the user has chosen last, by its name on this machine
 };
 
 }  // namespace dialwright

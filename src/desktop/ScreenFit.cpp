@@ -40,9 +40,13 @@ void BringIntoSight(QWidget& window) {
 
 }  // namespace
 
-void ShowFitted(QWidget& window, QSize contents) {
+QSize FittingSize(const QWidget& window, QSize contents) {
   const QRect room = window.screen()->availableGeometry().marginsRemoved(LikelyFrame(window));
-  window.resize(contents.boundedTo(room.size()));
+  return contents.boundedTo(room.size());
+}
+
+void ShowFitted(QWidget& window, QSize contents) {
+  window.resize(FittingSize(window, contents));
   window.show();
   for (const int milliseconds : lookAgain)
     QTimer::singleShot(milliseconds, &window, [&window] { BringIntoSight(window); });

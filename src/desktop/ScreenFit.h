@@ -6,8 +6,11 @@ class QWidget;
 
 namespace dialwright {
 
-/// Brings a window up in a size that is wanted for its contents, smaller where the screen has not
-/// the room: the title bar and the frame count, and the whole window comes up in sight.
+/// A size that is wanted for the contents of a window, smaller where the screen has not the room:
+/// the title bar and the frame count.
+QSize FittingSize(const QWidget& window, QSize contents);
+
+/// Brings a window up in such a size, and the whole of it in sight.
 void ShowFitted(QWidget& window, QSize contents);
 
 }  // namespace dialwright
