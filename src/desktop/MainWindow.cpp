@@ -203,7 +203,7 @@ void MainWindow::ListenToControls() {
     about->holdsUp = aboutHoldsUp;
   };
   entry.stepBegins = [this] {
-    BuildOtherPages();
+    if (isVisible()) BuildOtherPages();  // the start's own load needs one page only
     history.StepBegins();
   };
   entry.afterWork = [this] {
