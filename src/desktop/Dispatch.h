@@ -16,6 +16,9 @@ class Dispatch {
   /// The same for a modal box of the program's own, which lives inside the work that has shown it.
   bool RunInModalBox(const std::function<void()>& work);
 
+  /// Whether work is being done: a save may be half-way while its message box is up.
+  bool Busy() const { return depth > 0; }
+
   /// The window was closed.
   void end();
   bool Ended() const { return over; }

@@ -43,7 +43,8 @@ void FileSafetyView::Refresh() {
 }
 
 bool FileSafetyView::eventFilter(QObject*, QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && seenRevision >= 0) Look();
+  // What a save has written half-way is no change by somebody else.
+  if (event->type() == QEvent::WindowActivate && seenRevision >= 0 && !entry.Busy()) Look();
   return false;
 }
 

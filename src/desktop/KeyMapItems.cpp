@@ -114,7 +114,7 @@ std::string KeyMapItems::AskPath(Asked what) {
   const QFileInfo file(dialog.selectedFiles().value(0));
   folder = file.absolutePath();
   asked = QDir::toNativeSeparators(file.absoluteFilePath());
-  const std::string path = SystemPath(asked);
+  std::string path = SystemPath(asked);
   // The system finds names in another case too: the user has not agreed to lose that file.
   if (writes && !file.exists() &&
       form.program.services.files.KindOf(path) == FileStore::Kind::file) {

@@ -206,7 +206,7 @@ void KeypadPanel::SpeakKey(KeyButton& button, const KeypadKey& key) {
 
 void KeypadPanel::ShowSequences() {
   if (trying) return;
-  const auto found = std::ranges::find(keypad, pointed, &KeypadKey::key);
+  const auto* const found = std::ranges::find(keypad, pointed, &KeypadKey::key);
   std::vector<const MenuRow*> shown;
   QString heading;
   if (pointed != 0 && found != keypad.end()) {
@@ -342,7 +342,7 @@ void KeypadPanel::Tell(const std::vector<Happening>& happened) {
 }
 
 KeyButton* KeypadPanel::ButtonWithKeyboard() const {
-  const auto found =
+  KeyButton* const* found =
       std::ranges::find_if(buttons, [](KeyButton* each) { return each->hasFocus(); });
   return found == buttons.end() ? nullptr : *found;
 }

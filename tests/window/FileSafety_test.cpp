@@ -9,6 +9,7 @@
 #include "../support/TempFolder.h"
 #include "WindowTest.h"
 #include "beside/KeyMapExchange.h"
+#include "desktop/Dispatch.h"
 #include "desktop/NoticeBar.h"
 #include "text/Text.h"
 
@@ -64,6 +65,8 @@ TEST_F(FileSafetyTest, WhatASaveDidNotReachIsToldUntilOneIsComplete) {
 TEST_F(FileSafetyTest, AScriptThatSomebodyElseHasChangedIsLoadedAnewIfTheUserSaysSo) {
   ChangeOnDisk(form.strMainMenuScript);
   EXPECT_EQ(Notices(), std::vector<std::string>{});
+  window.Entry().Run([this] { Activate(); });
+  EXPECT_EQ(Notices(), std::vector<std::string>{}) << "as while the box of a save is up";
   Activate();
   EXPECT_EQ(Notices(), std::vector{Text(1354)});
   user.Type("17", true);

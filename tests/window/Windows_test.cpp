@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPalette>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTabWidget>
@@ -13,6 +14,7 @@
 
 #include "WindowTest.h"
 #include "desktop/AboutDialog.h"
+#include "desktop/FontStyle.h"
 #include "desktop/GridView.h"
 #include "desktop/MainWindow.h"
 #include "desktop/QtMessageBoxes.h"
@@ -220,6 +222,25 @@ TEST_F(MainWindowTest, NoTextIsCutOffInALargeFontOrALongLanguage) {
       control->Caption = text + " " + text.substr(0, text.size() / 2);
   expectWhole("longer texts too");
   QApplication::setFont(usual);
+}
+
+TEST(FontStyle, QuietTextsAndEdgesAreSeenInAPaletteThatForgetsThem) {
+  QPalette palette(Qt::black);
+  for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window, QPalette::Button})
+    palette.setColor(role, Qt::black);
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText})
+    palette.setColor(role, Qt::white);
+  for (const QPalette::ColorRole role : {QPalette::PlaceholderText, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, Qt::black);
+  palette.setColor(QPalette::Active, QPalette::PlaceholderText, Qt::black);
+  FontStyle().polish(palette);
+  const auto grey = [&palette](QPalette::ColorGroup group, QPalette::ColorRole role) {
+    return qGray(palette.color(group, role).rgb());
+  };
+  EXPECT_GT(grey(QPalette::Active, QPalette::PlaceholderText), 100);
+  EXPECT_GT(grey(QPalette::Disabled, QPalette::WindowText), 100);
+  EXPECT_GT(grey(QPalette::Active, QPalette::Window), 20) << "edges are darker than this";
+  EXPECT_EQ(grey(QPalette::Active, QPalette::Base), 0);
 }
 
 TEST_F(MainWindowTest, ItFitsASmallScreen) {
