@@ -17,6 +17,7 @@
 #include "transcript/WorldSteps.h"
 #include "validation/DerivedKeyLists.h"
 #include "validation/KeyConflicts.h"
+#include "validation/SaveRules.h"
 
 namespace dialwright {
 
@@ -144,6 +145,27 @@ TEST(KeyConflicts, FirstDigitOfATwoKeySequence) {
   };
   for (const auto& [list, keys, conflict] : cases)
     EXPECT_EQ(bKeyConflicts(list, keys), conflict) << list;
+}
+
+/// An older server takes the first digit of a two-key sequence for the key of each of these.
+TEST(SaveRules, KeysForSpeedAndVolumeOfOlderServers) {
+  Printer printer;
+  World world(printer);
+  MeridVersion& server = world.program.server;
+  server.currentVersion = {false16, 4, 0, 2, 36, "4.0(2.36)"};
+  for (const auto& [grid, menu] :
+       {std::pair(headerGrid, "HEADER_"), {bodyGrid, "BODY_"}, {footerGrid, "FOOTER_"}})
+    for (const char* name : {"SPEEDUP", "SLOWDOWN", "PAUSE", "ONEKEY_VOLUME", "RESET_VOLUME",
+                             "DECREASE_VOLUME", "INCREASE_VOLUME"}) {
+      const MenuRows rows{{1, {}, "4", std::string(menu) + name, {}},
+                          {2, {}, "46", std::string(menu) + "REPLY", {}}};
+      const auto refusals = Refusals(grid, rows, server);
+      ASSERT_EQ(refusals.size(), 1U) << menu << name;
+      EXPECT_EQ(refusals[0].rows, (std::vector{1, 2})) << menu << name;
+      server.currentVersion.iBuild = 37;
+      EXPECT_TRUE(Refusals(grid, rows, server).empty()) << menu << name;
+      server.currentVersion.iBuild = 36;
+    }
 }
 
 }  // namespace dialwright
