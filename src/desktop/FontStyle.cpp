@@ -100,11 +100,15 @@ void FontStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
   QColor ground = edge;
   edge.setAlpha(38);
   ground.setAlpha(7);
+  // The title stands above the frame.
+  constexpr int gap = 3;
+  const int mark = pixelMetric(PM_ExclusiveIndicatorHeight, option, widget);
+  const int title = std::max(mark, option->fontMetrics.height()) + gap;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(edge);
   painter->setBrush(ground);
-  painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 2, 2);
   painter->restore();
 }
 
