@@ -23,8 +23,13 @@ struct NotingFiles : MemoryFileStore {
       replaced.emplace_back(path.substr(path.rfind('\\') + 1, 8), desk->printer.lines.size());
     MemoryFileStore::Replace(path, bytes);
   }
+  void Remove(std::string_view path, bool force) override {
+    removed.emplace_back(path.substr(path.rfind('\\') + 1), force);
+    MemoryFileStore::Remove(path, force);
+  }
   const Desk* desk = nullptr;
   std::vector<std::pair<std::string, std::size_t>> replaced;
+  std::vector<std::pair<std::string, bool>> removed;
 };
 
 struct SaveOrder : testing::Test {
@@ -53,6 +58,12 @@ TEST_F(SaveOrder, WhatStandsBeforeARefusalIsOnTheDiskWhenItsBoxComesUp) {
   std::ranges::sort(files.replaced);
   EXPECT_EQ(files.replaced, (Replaced{{"Macros_M", 0}, {"SubMsgPl", 0}}));
   EXPECT_EQ(desk.Form().lastSave.grid, 2);
+}
+
+TEST_F(SaveOrder, TheOldKeyMapDocumentGoesEvenIfItIsReadOnly) {
+  files.Put(desk.Form().strXMLKeyMapFile, "old");
+  desk.Save();
+  EXPECT_EQ(files.removed, (std::vector{std::pair(std::string("XMLKeyMap.XML"), true)}));
 }
 
 /// Real files that end the process politely in the middle of each replacement.
