@@ -70,7 +70,7 @@ ChangesDialog::ChangesDialog(History& steps, Dispatch& dispatch, QWidget* parent
   Fill();
   list->setFocus();
   const QFontMetrics metrics(font());
-  resize(FittingSize(*this, {metrics.averageCharWidth() * 76, metrics.height() * 24}));
+  resize(FittingSize(*this, {metrics.averageCharWidth() * 100, metrics.height() * 24}));
 }
 
 const Change* ChangesDialog::Chosen() const {

@@ -270,13 +270,13 @@ void MainWindow::Pick(MenuItem& item) {
 
 void MainWindow::Open() {
   Refresh();
-  // Wide enough for the widest page and for all tabs, with some room for languages of longer words.
+  // Wide enough for a page and for all tabs, with room for the tabs of languages of longer words.
   centralWidget()->layout()->invalidate();
   const QSize wanted = centralWidget()->sizeHint();
   const int tabsWidth =
       tabs->tabBar()->sizeHint().width() + wanted.width() - tabs->sizeHint().width();
   const int least = std::max(wanted.width(), tabsWidth);
-  int width = least * 9 / 8;
+  int width = least * 5 / 4;
   beside->ShowPanelWhereItFits(least, screen()->availableSize().width());
   if (beside->Panel().isVisibleTo(this))
     width += beside->Panel().sizeHint().width() + middle->spacing();
