@@ -51,7 +51,7 @@ def slots(build):
         name, size = result["name"].split("/")[:2]
         what, size = name.removesuffix("Slot").lower(), int(size)
         ours[what, size], ratios[what, size] = result["ours_us"], result["ratio"]
-        bar = {"load": 3, "save": 12}[what] if size == 1 << 20 else None
+        bar = {("load", 1 << 20): 1.5, ("save", 1 << 20): 5, ("save", 1 << 17): 5}.get((what, size))
         row(f"{what} a slot, {size_name(size)} a file", f"{result['plain_us']:.0f} us",
             f"{result['ours_us']:.0f} us", result["ratio"], f"{result['low']:.2f} to {result['high']:.2f}", bar)
     for what in "load", "save":

@@ -82,9 +82,9 @@ void PrivateProfile::EndBatch(std::string_view path) {
 }
 
 PrivateProfile::File& PrivateProfile::FileAt(std::string_view path) {
-  std::unique_ptr<File>& file = files[std::string(path)];
-  if (!file) file = std::make_unique<File>();
-  return *file;
+  const auto known = files.find(path);
+  if (known != files.end()) return *known->second;
+  return *files.emplace(path, std::make_unique<File>()).first->second;
 }
 
 PrivateProfile::File& PrivateProfile::Current(std::string_view path) {

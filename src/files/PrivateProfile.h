@@ -2,11 +2,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/FileStore.h"
@@ -67,7 +67,7 @@ class PrivateProfile {
 
   FileStore& store;
   std::vector<std::string> missed;
-  std::unordered_map<std::string, std::unique_ptr<File>> files;
+  std::map<std::string, std::unique_ptr<File>, std::less<>> files;
 };
 
 /// While it lives, reads and writes of one file work on the copy in memory; its end writes the file

@@ -34,6 +34,8 @@ std::string WithChecksum(std::string_view script, std::string_view checksumText)
   std::string text;
   text.reserve(script.size() + script.size() / 16);
   for (LineReader lines(script); !lines.AtEnd();) {
+    text.append(lines.PlainLines(checksumMark[0]));
+    if (lines.AtEnd()) break;
     const std::string_view line = lines.Next();
     if (IsChecksumLine(line))
       text.append(checksumMark).append(" ").append(checksumText);

@@ -1,6 +1,7 @@
 #include "scripts/EarlierVersions.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -24,18 +25,28 @@ namespace {
 constexpr std::string_view listName = "versions.txt";
 constexpr std::size_t lastVersions = 200;
 
+/// Four words at a time, none of which waits for another.
 std::uint64_t Hash(std::string_view bytes) {
   constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
-  std::uint64_t hash = bytes.size();
+  std::array<std::uint64_t, 4> hashes{bytes.size(), 1, 2, 3};
+  const auto mix = [](std::uint64_t& hash, std::uint64_t word) {
+    hash = (hash ^ word) * factor;
+    hash ^= hash >> 32;
+  };
+  for (std::array<std::uint64_t, 4> words; bytes.size() >= sizeof words;
+       bytes.remove_prefix(sizeof words)) {
+    std::memcpy(words.data(), bytes.data(), sizeof words);
+    for (std::size_t i = 0; i < words.size(); ++i) mix(hashes.at(i), words.at(i));
+  }
   while (!bytes.empty()) {
     std::uint64_t word = 0;
     const std::size_t length = std::min(bytes.size(), sizeof word);
     std::memcpy(&word, bytes.data(), length);
-    hash = (hash ^ word) * factor;
-    hash ^= hash >> 32;
+    mix(hashes[0], word);
     bytes.remove_prefix(length);
   }
-  return hash;
+  for (std::size_t i = 1; i < hashes.size(); ++i) mix(hashes[0], hashes.at(i));
+  return hashes[0];
 }
 
 std::string Hexadecimal(std::uint64_t number) {
@@ -119,9 +130,15 @@ void WriteFlushed(FileStore& files, const std::string& path, FileStore::Opening 
   file->Close();
 }
 
-/// Puts contents into the folder, unless they are there; returns their name.
-std::string KeepContents(FileStore& files, const std::string& folder, std::string_view bytes) {
-  const std::string start = Hexadecimal(Hash(bytes)) + "-" + std::to_string(bytes.size());
+/// Puts contents into the folder, unless they are there; returns their name. Those of the last
+/// version were on the disk before it was listed.
+std::string KeepContents(FileStore& files, const std::string& folder, std::string_view bytes,
+                         const EarlierVersion& last) {
+  std::string start = Hexadecimal(Hash(bytes)) + "-" + std::to_string(bytes.size());
+  const auto stamp = files.Stamp(folder + start);
+  if (std::ranges::find(last.scripts, start, &EarlierScript::kept) != last.scripts.end() && stamp &&
+      stamp->size == bytes.size())
+    return start;
   std::string name = start;
   // The name may be that of others, or of some that were not written to their end.
   for (int other = 2; files.KindOf(folder + name) != FileStore::Kind::none; ++other) {
@@ -176,19 +193,19 @@ bool KeepEarlierVersion(Program& program, int slot, const std::vector<std::strin
   bool isWhole = true;
   try {
     MakeFolders(files, folder.substr(0, folder.size() - 1));
+    std::vector<EarlierVersion> versions = ListedIn(files, folder);
+    const EarlierVersion last = versions.empty() ? EarlierVersion{} : versions.back();
     EarlierVersion version{Now(program.services.clock), {}};
     for (const std::string& path : paths) {
       if (files.KindOf(path) == FileStore::Kind::none) continue;
       try {
         if (!IsListable(path)) throw RuntimeFailure(Failure::badFileName);
-        version.scripts.push_back({path, KeepContents(files, folder, files.Read(path))});
+        version.scripts.push_back({path, KeepContents(files, folder, files.Read(path), last)});
       } catch (const RuntimeFailure&) {
         isWhole = false;
       }
     }
-    std::vector<EarlierVersion> versions = ListedIn(files, folder);
-    const bool isNew = versions.empty() || versions.back().scripts != version.scripts;
-    if (version.scripts.empty() || !isNew) return isWhole;
+    if (version.scripts.empty() || version.scripts == last.scripts) return isWhole;
     versions.push_back(version);
     WriteFlushed(files, folder + std::string(listName), FileStore::Opening::append,
                  LineOf(version));

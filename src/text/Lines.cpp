@@ -1,6 +1,7 @@
 #include "text/Lines.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace dialwright {
 namespace {
@@ -51,6 +52,29 @@ std::string_view LineReader::Next() {
   at = end < returnsEnd ? end + 1 : NextLine(text, end);
   if (at == end + 1 && end >= returnsEnd) returnsEnd = BehindReturns(text, end);
   return line;
+}
+
+std::string_view LineReader::PlainLines(char mark) {
+  // Block by block, in a form that the compiler turns into steps of many bytes: most of a large
+  // script is such lines.
+  constexpr std::size_t block = 2048;
+  const std::size_t begin = at;
+  if (begin < oddUntil || AtEnd() || text[begin] == '\n') return {};
+  std::size_t end = begin;
+  for (; end + block < text.size(); end += block) {
+    const char* bytes = text.data() + end;
+    std::uint8_t odd = 0;
+    for (std::size_t i = 0; i < block; ++i) {
+      const std::uint8_t isReturn = bytes[i] == '\r', isFeedNext = bytes[i + 1] == '\n';
+      const std::uint8_t isMark = bytes[i] == mark;
+      odd = static_cast<std::uint8_t>(odd | (isReturn ^ isFeedNext) | isMark);
+    }
+    if (odd != 0) break;
+  }
+  oddUntil = end + block;
+  const std::string_view stretch = text.substr(begin, end - begin);
+  at = begin + stretch.rfind('\n') + 1;
+  return text.substr(begin, at - begin);
 }
 
 bool IsUtf16(std::string_view bytes) {

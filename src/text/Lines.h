@@ -29,11 +29,15 @@ class LineReader {
   std::string_view Next();
   /// Where the next line begins.
   std::size_t Place() const { return at; }
+  /// Passes over the lines to come that end with carriage return and line feed and nothing else,
+  /// and hold no `mark`, as far as many of them are found at once; returns them with their ends.
+  std::string_view PlainLines(char mark);
 
  private:
   std::string_view text;
   std::size_t at = 0;
   std::size_t returnsEnd = 0;  // of the last run of carriage returns that no line feed follows
+  std::size_t oddUntil = 0;    // some line before this is none of the plain ones
 };
 
 /// Whether a file begins with a mark of UTF-16, of either order of bytes: no server reads a script

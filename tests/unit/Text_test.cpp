@@ -6,12 +6,14 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "platform/ScriptChecksumComponent.h"
 #include "platform/standins/CommandLine.h"
 #include "platform/standins/LocaleTable.h"
 #include "scripts/Checksum.h"
 #include "text/Ansi.h"
+#include "text/Lines.h"
 #include "text/Number.h"
 
 namespace dialwright {
@@ -123,6 +125,29 @@ TEST(ChecksumTest, LinesAndWhatIsLeftOut) {
   for (const auto& [bytes, checksum] : cases) EXPECT_EQ(ScriptChecksum(bytes), checksum) << bytes;
   EXPECT_EQ(strChecksumText(0), " 0");
   EXPECT_EQ(strChecksumText(std::numeric_limits<std::int32_t>::min()), "-2147483648");
+}
+
+// A large text is passed over in blocks: an odd line counts wherever it stands among plain ones.
+TEST(LinesTest, PlainLinesAreTheSameAmongOthers) {
+  constexpr std::string_view odd[] = {"\n", "\r", "\r\r\n", "#\r\n", "\r\n", "no end"};
+  for (const std::string_view piece : odd)
+    for (std::size_t before = 2030; before < 2070; ++before) {
+      std::string text;
+      while (text.size() < before) text += "STEP 1 PLAY 2\r\n";
+      text.resize(before);
+      text += piece;
+      for (int line = 0; line < 200; ++line) text += "STEP 3 PLAY 4\r\n";
+      std::vector<std::string_view> wanted, found;
+      for (LineReader lines(text); !lines.AtEnd();) wanted.push_back(lines.Next());
+      for (LineReader lines(text); !lines.AtEnd();) {
+        const std::string_view plain = lines.PlainLines('#');
+        ASSERT_EQ(plain.find('#'), std::string_view::npos);
+        for (LineReader inside(plain); !inside.AtEnd();) found.push_back(inside.Next());
+        ASSERT_TRUE(plain.empty() || plain.ends_with("\r\n"));
+        if (plain.empty()) found.push_back(lines.Next());
+      }
+      ASSERT_EQ(found, wanted) << before << testing::PrintToString(piece);
+    }
 }
 
 }  // namespace dialwright

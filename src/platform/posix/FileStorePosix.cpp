@@ -28,6 +28,13 @@ std::optional<Status> StatusOf(const std::string& hostPath) {
   return status;
 }
 
+// Most names are spelled as they are on the disk: another spelling is only looked for where nothing
+// is found.
+std::optional<Status> Look(const std::string& straightPath) {
+  const std::optional<Status> status = StatusOf(straightPath);
+  return status ? status : StatusOf(ExistingSpelling(straightPath));
+}
+
 bool IsFile(const std::optional<Status>& status) { return status && S_ISREG(status->st_mode); }
 
 bool IsReadOnly(const std::string& hostPath, const Status& status) {
@@ -46,6 +53,8 @@ void RefuseReadOnly(const std::string& hostPath) {
 
 // The file that a symbolic link leads to in the end.
 std::string TargetOf(const std::string& hostPath) {
+  Status status{};
+  if (lstat(hostPath.c_str(), &status) == 0 && !S_ISLNK(status.st_mode)) return hostPath;
   const std::unique_ptr<char, void (*)(void*)> target(realpath(hostPath.c_str(), nullptr),
                                                       std::free);
   if (!target) ThrowErrno(errno, hostPath);
@@ -90,20 +99,24 @@ class OutputFilePosix : public OutputFile {
 FileStorePosix::FileStorePosix(std::string hostFolder, char currentDrive)
     : root(std::filesystem::absolute(std::move(hostFolder)).string()), drive(currentDrive) {}
 
-std::string FileStorePosix::HostPath(std::string_view path) const {
+std::string FileStorePosix::StraightPath(std::string_view path) const {
   // No name holds a zero; the system's calls would take the text before it for the path.
   if (path.find('\0') != std::string_view::npos) return {};
-  return ExistingSpelling(SpelledHostPath(path, root, drive));
+  return SpelledHostPath(path, root, drive);
+}
+
+std::string FileStorePosix::HostPath(std::string_view path) const {
+  return ExistingSpelling(StraightPath(path));
 }
 
 FileStore::Kind FileStorePosix::KindOf(std::string_view path) {
-  const std::optional<Status> status = StatusOf(HostPath(path));
+  const std::optional<Status> status = Look(StraightPath(path));
   if (IsFile(status)) return Kind::file;
   return status && S_ISDIR(status->st_mode) ? Kind::folder : Kind::none;
 }
 
 std::optional<FileStamp> FileStorePosix::Stamp(std::string_view path) {
-  const std::optional<Status> status = StatusOf(HostPath(path));
+  const std::optional<Status> status = Look(StraightPath(path));
   if (!IsFile(status)) return std::nullopt;
   FileStamp result;
   result.device = status->st_dev;
@@ -133,9 +146,14 @@ std::vector<std::string> FileStorePosix::FileNames(std::string_view folder) {
 }
 
 std::string FileStorePosix::Read(std::string_view path) {
-  const std::string hostPath = HostPath(path);
+  std::string hostPath = StraightPath(path);
   // Without waiting: nothing may be at the other end of what is not a file.
-  const Descriptor file = Descriptor::Open(hostPath, O_RDONLY | O_NONBLOCK);
+  constexpr int flags = O_RDONLY | O_NONBLOCK;
+  Descriptor file = Descriptor::Open(hostPath, flags);
+  if (!file && errno == ENOENT) {
+    hostPath = ExistingSpelling(hostPath);
+    file = Descriptor::Open(hostPath, flags);
+  }
   if (!file) ThrowErrno(errno, hostPath);
   std::string bytes;
   if (const int error = file.Read(bytes)) ThrowErrno(error, hostPath);
@@ -158,7 +176,6 @@ void FileStorePosix::Replace(std::string_view path, std::string_view bytes) {
 }
 
 void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overwrite) {
-  const std::string source = HostPath(from);
   const std::string target = HostPath(to);
   const std::string bytes = Read(from);
   if (StatusOf(target)) {
@@ -166,7 +183,7 @@ void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overw
     ReplaceExisting(target, bytes);
     return;
   }
-  MakeFile(target, bytes, source);
+  MakeFile(target, bytes, HostPath(from));
 }
 
 void FileStorePosix::Remove(std::string_view path, bool force) {

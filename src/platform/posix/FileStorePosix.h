@@ -56,6 +56,9 @@ class FileStorePosix : public FileStore {
   void RemoveLeftovers(std::string_view folder) override;
 
  private:
+  /// The path as it is spelled; there may be one in another case.
+  std::string StraightPath(std::string_view path) const;
+
   std::string root;
   char drive;
 };

@@ -89,25 +89,18 @@ std::string SpelledHostPath(std::string_view path, std::string_view hostFolder, 
   return slashed;
 }
 
+// From the end: the folder of a name that is not there mostly is.
 std::string ExistingSpelling(std::string_view hostPath) {
   std::string spelled(hostPath);
-  if (spelled.empty() || IsThere(spelled)) return spelled;
-
-  std::string path = spelled.front() == '/' ? "/" : "";
-  bool searching = true;
-  for (const std::string_view name : Names(spelled)) {
-    const std::string folder = path.empty() ? "." : path;
-    if (!path.empty() && path.back() != '/') path.push_back('/');
-    const std::string straight = path + std::string(name);
-    if (!searching || IsThere(straight)) {
-      path = straight;
-      continue;
-    }
-    const std::optional<std::string> found = NameInFolder(folder, name);
-    searching = found.has_value();
-    path.append(found ? std::string_view(*found) : name);
-  }
-  return path;
+  const std::size_t slash = hostPath.rfind('/');
+  const std::string_view name = hostPath.substr(slash == std::string_view::npos ? 0 : slash + 1);
+  if (name.empty() || IsThere(spelled)) return spelled;
+  if (slash == std::string_view::npos) return NameInFolder(".", name).value_or(spelled);
+  const std::string folder = slash == 0 ? "" : ExistingSpelling(hostPath.substr(0, slash));
+  std::string straight = folder + "/" + std::string(name);
+  if (straight != spelled && IsThere(straight)) return straight;
+  const std::optional<std::string> found = NameInFolder(folder.empty() ? "/" : folder, name);
+  return found ? folder + "/" + *found : straight;
 }
 
 std::string FolderOf(std::string_view hostPath) {
