@@ -51,7 +51,7 @@ class Crc32 {
       crc = (crc >> 8) ^ tables[0][(crc ^ static_cast<unsigned char>(c)) & 0xFF];
     }
   }
-  std::uint32_t value() const { return ~crc; }
+  std::uint32_t Value() const { return ~crc; }
 
  private:
   static std::uint32_t Word(std::string_view bytes, std::size_t at) {
@@ -91,7 +91,7 @@ std::uint32_t CrcOfLines(std::string_view text) {
     run = lines.Place();
   }
   crc.Add(text.substr(run));
-  return crc.value();
+  return crc.Value();
 }
 
 class CrcChecksumComponent : public ScriptChecksumComponent {
