@@ -279,12 +279,14 @@ TEST_F(FocusFilterTest, UndoTakesTheTypingBackFirstAndNamesWhatItWouldDo) {
   user.Set("chkDontVoiceAction(0)", 1);
   user.Type("12", true);
   EXPECT_EQ(undo.text(), "&Undo Key of Hear new messages");
+  EXPECT_TRUE(window.isWindowModified());
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(form.txtKeyAssignment[0].Text(), "1");
   EXPECT_EQ(undo.text(), "&Undo Voicing of Hear new messages");
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(form.chkDontVoiceAction[0].Value(), 0);
   EXPECT_FALSE(form.cmdSave.Enabled);
+  EXPECT_FALSE(window.isWindowModified());
   Press(Qt::Key_Y, Qt::ControlModifier);
   Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(form.txtKeyAssignment[0].Text(), "12");

@@ -243,6 +243,19 @@ TEST(FontStyle, QuietTextsAndEdgesAreSeenInAPaletteThatForgetsThem) {
   EXPECT_EQ(grey(QPalette::Active, QPalette::Base), 0);
 }
 
+TEST(WrapLabel, AsksForTheHeightOfTheTextThatItHasNow) {
+  WrapLabel label;
+  label.setText("A word");
+  const int low = label.heightForWidth(100);
+  label.setText(QString("A word ").repeated(40));
+  const int high = label.heightForWidth(100);
+  EXPECT_GT(high, 3 * low);
+  QFont larger = label.font();
+  larger.setPointSizeF(larger.pointSizeF() * 2);
+  label.setFont(larger);
+  EXPECT_GT(label.heightForWidth(100), high);
+}
+
 TEST_F(MainWindowTest, ItFitsASmallScreen) {
   const QFontMetrics letters = window.fontMetrics();
   EXPECT_LT(window.minimumSizeHint().height(), letters.height() * 28);
