@@ -137,6 +137,18 @@ TEST(DerivedKeyLists, FromAKeyList) {
   }
 }
 
+TEST(KeyGrid, GenericSort) {
+  KeyGrid grid;
+  for (const char* text : {"b", "99999", "", "20", "a", "3", "", "100000", "20"}) {
+    grid.AddItem(std::to_string(grid.Rows()));
+    grid.SetText(grid.Rows() - 1, Column::Order, text);
+  }
+  grid.SortGeneric(Column::Order);
+  std::string places;
+  for (int row = 1; row < grid.Rows(); ++row) places += grid.Text(row, Column::Action);
+  EXPECT_EQ(places, "649283715");
+}
+
 TEST(KeyConflicts, FirstDigitOfATwoKeySequence) {
   const std::tuple<const char*, ConflictKeys, bool> cases[] = {
       {"1,12,", {"1"}, true},   {"2,12,", {"2"}, false}, {"9,99,", {"", "9"}, true},
