@@ -273,7 +273,7 @@ TEST_F(FocusFilterTest, AMnemonicOfATabOrALabelLeadsThere) {
 }
 
 TEST_F(FocusFilterTest, UndoTakesTheTypingBackFirstAndNamesWhatItWouldDo) {
-  QAction& undo = widget<QAction>("mnuUndo");
+  auto& undo = widget<QAction>("mnuUndo");
   EXPECT_FALSE(undo.isEnabled());
   user.Leave();
   user.Set("chkDontVoiceAction(0)", 1);
