@@ -60,6 +60,7 @@ TEST(AnsiTest, WhatIsNotAnsiOrNotUtf8IsAQuestionMark) {
       {"\xE4\xBD\xA0.", "?."},  // beyond the code page
       {"\xC2\x80", "?"},        // the control whose number the euro sign has
       {"\xED\xA0\x80", "???"},  // half of a pair
+      {"\xE0\x80\x80", "???"},  // longer than it need be
       {"\xE2\x82z", "?z"},      // cut off before a letter
   };
   for (const auto& [utf8, ansi] : cases) EXPECT_EQ(Utf8ToAnsi(utf8), ansi) << utf8;
