@@ -81,8 +81,8 @@ const Change* ChangesDialog::Chosen() const {
 
 void ChangesDialog::Fill() {
   const frmMain& form = history.TheForm();
+  list->clear();  // tells of it while its items still stand for the changes so far
   changes = history.Changes();
-  list->clear();
   QTreeWidgetItem* menu = nullptr;
   int grid = gridCount + 1;
   for (std::size_t i = 0; i < changes.size(); ++i) {
