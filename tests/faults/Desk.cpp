@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <map>
 #include <stdexcept>
 
 #include "ScriptText.h"
@@ -115,8 +116,17 @@ const Files& ServerFiles(std::string_view name) {
   return files;
 }
 
+/// What a server of the sandbox exports of its registry; read once.
+static const std::string& RegistryOf(std::string_view server) {
+  static std::map<std::string, std::string, std::less<>> known;
+  const auto [place, isNew] = known.try_emplace(std::string(server));
+  if (isNew) place->second = BytesOf(source / "sandbox" / server / "server.reg");
+  return place->second;
+}
+
 OrdinaryUser::OrdinaryUser() {
   ServerFiles();  // they may be the owner's alone
+  RegistryOf(newestServer);
   constexpr unsigned nobody = 65534;
   if (getuid() == 0 && (setegid(nobody) != 0 || seteuid(nobody) != 0))
     throw std::runtime_error("the rights cannot be given up");
@@ -143,7 +153,7 @@ Desk::Desk(FileStore& store, std::string_view server)
                        R"(U:\Earlier)"},
               "C:\\Dialwright", "Dialwright") {
   ConnectEvents(*program.main);
-  ReadRegistryFile(BytesOf(source / "sandbox" / server / "server.reg"), registry);
+  ReadRegistryFile(RegistryOf(server), registry);
 }
 
 void Desk::Start() { Form_Load(Form()); }
