@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "platform/Failure.h"
 #include "text/Number.h"
@@ -13,10 +14,8 @@ namespace {
 /// The column that selections and events speak of: the key, the one that can be edited.
 constexpr int keyColumn = static_cast<int>(Column::KeyAssignment);
 
-struct SortKey {
-  int group;
-  double number;
-};
+/// The group that a text belongs to, and its place there.
+using SortKey = std::pair<int, double>;
 
 SortKey SortKeyOf(const std::string& text) {
   if (const std::optional<double> number = NumericValue(text)) return {0, *number};
@@ -80,11 +79,16 @@ void KeyGrid::MoveRow(int row, int place) {
 
 void KeyGrid::SortGeneric(Column column) {
   const auto index = static_cast<std::size_t>(column);
-  std::stable_sort(rows.begin() + 1, rows.end(), [index](const Cells& a, const Cells& b) {
-    const SortKey left = SortKeyOf(a[index]);
-    const SortKey right = SortKeyOf(b[index]);
-    return left.group != right.group ? left.group < right.group : left.number < right.number;
-  });
+  std::vector<std::pair<SortKey, std::size_t>> order;
+  order.reserve(rows.size());
+  for (std::size_t row = 1; row < rows.size(); ++row)
+    order.emplace_back(SortKeyOf(rows[row][index]), row);
+  std::ranges::sort(order);
+  std::vector<Cells> sorted;
+  sorted.reserve(rows.size());
+  sorted.push_back(std::move(rows.front()));
+  for (const auto& [key, row] : order) sorted.push_back(std::move(rows[row]));
+  rows = std::move(sorted);
   Notify();
 }
 

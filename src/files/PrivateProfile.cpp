@@ -47,8 +47,8 @@ std::string PrivateProfile::GetPrivateProfileStringA(std::string_view section, s
                                                      std::string_view path) {
   const File& file = Current(path);
   const std::optional<std::string_view> value =
-      file.text ? file.text->Value(Utf8ToAnsi(section), Utf8ToAnsi(key)) : std::nullopt;
-  if (!value) return AnsiToUtf8(Cut(Utf8ToAnsi(defaultText), size));
+      file.text ? file.text->Value(AnsiBytes(section), AnsiBytes(key)) : std::nullopt;
+  if (!value) return AnsiToUtf8(Cut(AnsiBytes(defaultText), size));
   return AnsiToUtf8(Cut(WithoutDecoration(*value), size));
 }
 
@@ -56,11 +56,13 @@ bool PrivateProfile::WritePrivateProfileStringA(std::string_view section, std::s
                                                 std::string_view value, std::string_view path) {
   File& file = Current(path);
   if (!file.text) return Miss(path);
-  Write write{Utf8ToAnsi(section), Utf8ToAnsi(key), Utf8ToAnsi(value)};
-  if (!file.text->Set(write.section, write.key, write.value)) return Miss(path);
-  file.batched.push_back(std::move(write));
+  const AnsiBytes ansiSection(section), ansiKey(key), ansiValue(value);
+  if (!file.text->Set(ansiSection, ansiKey, ansiValue)) return Miss(path);
+  file.batched.push_back({std::string(ansiSection), std::string(ansiKey), std::string(ansiValue)});
   return file.batches > 0 || Flush(path, file);
 }
+
+std::optional<FileStamp> PrivateProfile::Seen(std::string_view path) { return Current(path).stamp; }
 
 bool PrivateProfile::CanRead(std::string_view path) {
   const File& file = Current(path);
@@ -99,11 +101,13 @@ PrivateProfile::File& PrivateProfile::Current(std::string_view path) {
 // The stamp is that of before the reading: a change during it makes the file read again.
 void PrivateProfile::Read(std::string_view path, const std::optional<FileStamp>& stamp,
                           File& file) {
-  file.text.reset();
+  std::string bytes;
+  if (file.text) bytes = std::move(*std::exchange(file.text, nullptr)).TakeBytes();
   file.stamp = stamp;
   if (!stamp) return;
   try {
-    file.text = std::make_unique<ProfileText>(store.Read(path));
+    store.ReadInto(path, bytes);
+    file.text = std::make_unique<ProfileText>(std::move(bytes));
   } catch (const RuntimeFailure&) {
     // What cannot be read has no keys, until it can.
   }

@@ -42,6 +42,9 @@ class PrivateProfile {
   /// single writes would have left there.
   void FlushBatches();
 
+  /// The state of a file that reads and writes of its keys go by.
+  std::optional<FileStamp> Seen(std::string_view path);
+
   /// Whether the keys of a file can be seen: it is there, can be opened and is no UTF-16.
   bool CanRead(std::string_view path);
 

@@ -15,6 +15,9 @@ std::size_t LineStart(std::string_view text, std::size_t from, std::size_t at) {
   return at;
 }
 
+// What a menu of the newest server has, about.
+constexpr std::size_t usualKeys = 256;
+
 }  // namespace
 
 // Equal for keys that differ in case only: the bit that tells the letters' cases apart is set in
@@ -39,7 +42,7 @@ bool ProfileIndex::SameWithoutCase::operator()(std::string_view a, std::string_v
 }
 
 ProfileIndex::ProfileIndex(std::string_view text, const SectionLines& section)
-    : all(text.substr(0, section.end)), next(section.begin) {}
+    : all(text.substr(0, section.end)), next(section.begin), values(usualKeys, &memory) {}
 
 std::optional<std::size_t> ProfileIndex::Find(std::string_view key) {
   for (;;) {

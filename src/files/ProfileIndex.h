@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory_resource>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -31,9 +32,10 @@ class ProfileIndex {
 
   void ReadOn();
 
-  std::string_view all;  // up to the section's end
-  std::size_t next;      // where the part begins that is not in the table yet
-  std::unordered_map<std::string_view, std::size_t, HashWithoutCase, SameWithoutCase> values;
+  std::string_view all;                        // up to the section's end
+  std::size_t next;                            // where the part begins that is not in the table yet
+  std::pmr::monotonic_buffer_resource memory;  // the entries go all at once
+  std::pmr::unordered_map<std::string_view, std::size_t, HashWithoutCase, SameWithoutCase> values;
 };
 
 }  // namespace dialwright

@@ -50,35 +50,23 @@ bool EndsLine(std::string_view text) {
 ProfileText::ProfileText(std::string fileBytes)
     : bytes(std::move(fileBytes)), understood(!IsUtf16(bytes)) {}
 
-std::optional<std::string_view> ProfileText::Value(std::string_view sectionName,
-                                                   std::string_view keyName) {
+std::optional<std::string_view> ProfileText::Value(std::string_view section, std::string_view key) {
   if (!understood) return std::nullopt;
-  const std::string_view key = TrimBlanksAndTabs(keyName);
-  Section& section = Find(sectionName);
-  if (section.index) {
-    if (const std::optional<std::size_t> at = section.index->Find(key)) return ValueAt(*at);
-  }
-  for (const auto& [name, value] : section.added) {
-    if (EqualsIgnoringCase(name, key)) return value;
-  }
-  return std::nullopt;
+  return ValueAt(Look(Find(section), TrimBlanksAndTabs(key)));
 }
 
 bool ProfileText::Set(std::string_view sectionName, std::string_view keyName,
                       std::string_view value) {
   const std::string_view key = TrimBlanksAndTabs(keyName);
   if (!understood || !IsSectionName(sectionName) || !IsKeyName(key)) return false;
-  if (this->Value(sectionName, key) == value) return true;
-
   Section& section = Find(sectionName);
-  const std::optional<std::size_t> at =
-      section.index ? section.index->Find(key) : std::optional<std::size_t>();
-  const auto sameKey = [&](const auto& line) { return EqualsIgnoringCase(line.first, key); };
-  const auto added = std::find_if(section.added.begin(), section.added.end(), sameKey);
-  if (at) {
-    values[*at] = value;
-  } else if (added != section.added.end()) {
-    added->second = value;
+  const Place place = Look(section, key);
+  if (ValueAt(place) == value) return true;
+
+  if (place.begin) {
+    values[*place.begin] = value;
+  } else if (place.added != nullptr) {
+    place.added->second = value;
   } else {
     if (!section.lines && section.added.empty()) newSections.emplace_back(sectionName);
     section.added.emplace_back(key, value);
@@ -105,10 +93,22 @@ ProfileText::Section& ProfileText::Find(std::string_view name) {
   return section;
 }
 
-std::string_view ProfileText::ValueAt(std::size_t begin) const {
-  const auto changed = values.find(begin);
+ProfileText::Place ProfileText::Look(Section& section, std::string_view key) {
+  if (section.index) {
+    if (const std::optional<std::size_t> begin = section.index->Find(key)) return {begin};
+  }
+  for (auto& line : section.added) {
+    if (EqualsIgnoringCase(line.first, key)) return {std::nullopt, &line};
+  }
+  return {};
+}
+
+std::optional<std::string_view> ProfileText::ValueAt(const Place& place) const {
+  if (place.added != nullptr) return place.added->second;
+  if (!place.begin) return std::nullopt;
+  const auto changed = values.find(*place.begin);
   if (changed != values.end()) return changed->second;
-  return std::string_view(bytes).substr(begin, LineEnd(bytes, begin) - begin);
+  return std::string_view(bytes).substr(*place.begin, LineEnd(bytes, *place.begin) - *place.begin);
 }
 
 void ProfileText::Merge() {

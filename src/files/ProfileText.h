@@ -41,6 +41,8 @@ class ProfileText {
 
   /// The text with all changes.
   const std::string& Text();
+  /// Gives its bytes away, as they are, and is at its end.
+  std::string TakeBytes() && { return std::move(bytes); }
 
  private:
   struct Section {
@@ -49,8 +51,15 @@ class ProfileText {
     std::vector<std::pair<std::string, std::string>> added;  // keys and values, in their order
   };
 
+  /// Where a key's value is: in the old text, or among the added lines; neither if it is new.
+  struct Place {
+    std::optional<std::size_t> begin;
+    std::pair<std::string, std::string>* added = nullptr;
+  };
+
   Section& Find(std::string_view name);
-  std::string_view ValueAt(std::size_t begin) const;
+  static Place Look(Section& section, std::string_view key);
+  std::optional<std::string_view> ValueAt(const Place& place) const;
   void Merge();
 
   std::string bytes;

@@ -56,6 +56,9 @@ class FileStore {
 
   /// The whole file.
   virtual std::string Read(std::string_view path) = 0;
+  /// The whole file into a text whose room is used again, which spares a large one half of the
+  /// work. After a failure the text is anything.
+  virtual void ReadInto(std::string_view path, std::string& bytes) { bytes = Read(path); }
   /// Opens a file for writing, in place; makes it if it is not there and `create` is set.
   virtual std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) = 0;
   /// Gives an existing file new contents in one step: whatever fails, the file holds either the old

@@ -13,8 +13,7 @@ void NoteScripts(frmMain& form) {
   form.safety.overwritten.clear();
   form.safety.notBroughtBack.clear();
   for (const std::string& path : SlotScripts(form))
-    form.safety.seen.push_back(
-        {path, program.services.files.Stamp(path), program.profile.CanRead(path)});
+    form.safety.seen.push_back({path, program.profile.Seen(path), program.profile.CanRead(path)});
 }
 
 std::vector<std::string> ScriptsChangedByOthers(const frmMain& form) {
@@ -23,6 +22,11 @@ std::vector<std::string> ScriptsChangedByOthers(const frmMain& form) {
     if (form.program.services.files.Stamp(script.path) != script.stamp)
       changed.push_back(script.path);
   return changed;
+}
+
+SlotBatch::SlotBatch(const frmMain& form) {
+  for (const std::string& path : SlotScripts(form))
+    batches.push_back(std::make_unique<ProfileBatch>(form.program.profile, path));
 }
 
 FirstWrite::FirstWrite(frmMain& theForm) : form(theForm) {

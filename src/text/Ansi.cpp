@@ -79,6 +79,12 @@ void AppendUnit(std::string& out, char32_t unit) {
 
 }  // namespace
 
+AnsiBytes::AnsiBytes(std::string_view utf8) : bytes(utf8) {
+  if (AsciiEnd(utf8, 0) == utf8.size()) return;
+  converted = Utf8ToAnsi(utf8);
+  bytes = converted;
+}
+
 std::string Windows1252ToUtf8(std::string_view ansi) {
   std::string result;
   result.reserve(ansi.size());

@@ -10,6 +10,20 @@ namespace dialwright {
 std::string AnsiToUtf8(std::string_view ansi);
 std::string Utf8ToAnsi(std::string_view utf8);
 
+/// The bytes of a text in the ANSI code page, without a copy where they are the same, as nearly
+/// all are. Valid as long as the text is.
+class AnsiBytes {
+ public:
+  explicit AnsiBytes(std::string_view utf8);
+  AnsiBytes(const AnsiBytes&) = delete;
+  AnsiBytes& operator=(const AnsiBytes&) = delete;
+  operator std::string_view() const { return bytes; }
+
+ private:
+  std::string converted;
+  std::string_view bytes;
+};
+
 /// Windows-1252, one byte a character, lossless both ways also for the five bytes that it does not
 /// define (they are the control characters of the same number).
 std::string Windows1252ToUtf8(std::string_view ansi);

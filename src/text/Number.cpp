@@ -116,6 +116,11 @@ double SignedByWidth(std::uint64_t value) {
 
 std::optional<double> NumericValue(std::string_view text) {
   text = TrimOf(text, whiteSpace);
+  // Nearly all are a few plain digits. So many are exact.
+  constexpr std::size_t exactDigits = 15;
+  if (const Digits plain = LeadingDigits(text.substr(0, exactDigits), 10);
+      plain.count > 0 && plain.count == text.size())
+    return static_cast<double>(plain.value);
   if (const unsigned base = AnnouncedBase(text)) {
     const Digits digits = LeadingDigits(text.substr(2), base);
     if (digits.count == 0 || digits.count + 2 != text.size() || digits.overflow) return {};

@@ -44,6 +44,11 @@ std::string LockableFiles::Read(std::string_view path) {
   return files.Read(path);
 }
 
+void LockableFiles::ReadInto(std::string_view path, std::string& bytes) {
+  RefuseLocked(path);
+  files.ReadInto(path, bytes);
+}
+
 std::unique_ptr<OutputFile> LockableFiles::Open(std::string_view path, Opening opening,
                                                 bool create) {
   RefuseLocked(path);

@@ -34,6 +34,7 @@ class LockableFiles : public FileStore {
   std::optional<FileStamp> Stamp(std::string_view path) override;
   std::vector<std::string> FileNames(std::string_view folder) override;
   std::string Read(std::string_view path) override;
+  void ReadInto(std::string_view path, std::string& bytes) override;
   std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override;
   void Replace(std::string_view path, std::string_view bytes) override;
   void Copy(std::string_view from, std::string_view to, bool overwrite) override;

@@ -124,6 +124,9 @@ TEST(ChecksumTest, LinesAndWhatIsLeftOut) {
       {"#CR", -207538025},
   };
   for (const auto& [bytes, checksum] : cases) EXPECT_EQ(ScriptChecksum(bytes), checksum) << bytes;
+  std::string large;
+  for (int line = 0; line < 1000; ++line) large += "LINE" + std::to_string(line) + "=value\r\n";
+  EXPECT_EQ(ScriptChecksum(large), 1533283851);
   EXPECT_EQ(strChecksumText(0), " 0");
   EXPECT_EQ(strChecksumText(std::numeric_limits<std::int32_t>::min()), "-2147483648");
 }

@@ -55,11 +55,13 @@ int Descriptor::Read(std::string& bytes) const {
   if (fstat(fd, &status) != 0) return errno;
   if (S_ISDIR(status.st_mode)) return EISDIR;
   if (!S_ISREG(status.st_mode)) return ENODEV;
-  // One byte more than the file has, so that its end is seen in the same call; the file may also
-  // grow while it is read.
-  bytes.resize(static_cast<std::size_t>(status.st_size) + 1);
+  // One byte more than the file has, so that its end is seen in the same call; it may also grow or
+  // shrink while it is read.
+  const auto expected = static_cast<std::size_t>(status.st_size);
+  if (bytes.capacity() <= expected) bytes.clear();
+  bytes.resize(expected + 1);
   std::size_t length = 0;
-  for (;;) {
+  while (length != expected || expected == 0) {
     if (length == bytes.size()) bytes.resize(bytes.size() * 2);
     const ssize_t count = ::read(fd, bytes.data() + length, bytes.size() - length);
     if (count < 0 && errno == EINTR) continue;

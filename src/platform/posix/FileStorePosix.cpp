@@ -44,27 +44,33 @@ bool IsReadOnly(const std::string& hostPath, const Status& status) {
 }
 
 // Before the system is asked: it would let the owner of the machine write.
-void RefuseReadOnly(const std::string& hostPath) {
-  const std::optional<Status> status = StatusOf(hostPath);
+void RefuseReadOnly(const std::string& hostPath, const std::optional<Status>& status) {
   if (IsFile(status) && IsReadOnly(hostPath, *status)) {
     throw RuntimeFailure(Failure::permissionDenied);
   }
 }
 
-// The file that a symbolic link leads to in the end.
-std::string TargetOf(const std::string& hostPath) {
+void RefuseReadOnly(const std::string& hostPath) { RefuseReadOnly(hostPath, StatusOf(hostPath)); }
+
+// What stands at a path, or where a symbolic link there leads to in the end.
+struct Target {
+  std::string path;
+  std::optional<Status> status;  // none: nothing is there
+};
+
+Target TargetOf(const std::string& hostPath) {
   Status status{};
-  if (lstat(hostPath.c_str(), &status) == 0 && !S_ISLNK(status.st_mode)) return hostPath;
+  if (lstat(hostPath.c_str(), &status) != 0) return {hostPath, std::nullopt};
+  if (!S_ISLNK(status.st_mode)) return {hostPath, status};
   const std::unique_ptr<char, void (*)(void*)> target(realpath(hostPath.c_str(), nullptr),
                                                       std::free);
-  if (!target) ThrowErrno(errno, hostPath);
-  return target.get();
+  if (!target) return {hostPath, std::nullopt};
+  return {target.get(), StatusOf(target.get())};
 }
 
-void ReplaceExisting(const std::string& hostPath, std::string_view bytes) {
-  const std::string target = TargetOf(hostPath);
-  RefuseReadOnly(target);
-  ReplaceFile(target, bytes);
+void ReplaceExisting(const Target& target, std::string_view bytes) {
+  RefuseReadOnly(target.path, target.status);
+  ReplaceFile(target.path, bytes);
 }
 
 void MakeFolder(const std::string& hostPath, mode_t permissions) {
@@ -146,6 +152,12 @@ std::vector<std::string> FileStorePosix::FileNames(std::string_view folder) {
 }
 
 std::string FileStorePosix::Read(std::string_view path) {
+  std::string bytes;
+  ReadInto(path, bytes);
+  return bytes;
+}
+
+void FileStorePosix::ReadInto(std::string_view path, std::string& bytes) {
   std::string hostPath = StraightPath(path);
   // Without waiting: nothing may be at the other end of what is not a file.
   constexpr int flags = O_RDONLY | O_NONBLOCK;
@@ -155,9 +167,7 @@ std::string FileStorePosix::Read(std::string_view path) {
     file = Descriptor::Open(hostPath, flags);
   }
   if (!file) ThrowErrno(errno, hostPath);
-  std::string bytes;
   if (const int error = file.Read(bytes)) ThrowErrno(error, hostPath);
-  return bytes;
 }
 
 std::unique_ptr<OutputFile> FileStorePosix::Open(std::string_view path, Opening opening,
@@ -172,18 +182,15 @@ std::unique_ptr<OutputFile> FileStorePosix::Open(std::string_view path, Opening 
 }
 
 void FileStorePosix::Replace(std::string_view path, std::string_view bytes) {
-  ReplaceExisting(HostPath(path), bytes);
+  ReplaceExisting(TargetOf(HostPath(path)), bytes);
 }
 
 void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overwrite) {
-  const std::string target = HostPath(to);
+  const Target target = TargetOf(HostPath(to));
   const std::string bytes = Read(from);
-  if (StatusOf(target)) {
-    if (!overwrite) throw RuntimeFailure(Failure::fileAlreadyExists);
-    ReplaceExisting(target, bytes);
-    return;
-  }
-  MakeFile(target, bytes, HostPath(from));
+  if (!target.status) return MakeFile(target.path, bytes, HostPath(from));
+  if (!overwrite) throw RuntimeFailure(Failure::fileAlreadyExists);
+  ReplaceExisting(target, bytes);
 }
 
 void FileStorePosix::Remove(std::string_view path, bool force) {

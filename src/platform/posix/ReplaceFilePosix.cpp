@@ -99,10 +99,9 @@ int CopyAttributes(int from, int to) {
 }
 
 // The owner before the permissions: a change of owner takes permissions away.
-int CopyOwnership(const Descriptor& from, const Descriptor& to) {
-  struct stat status {};
+int CopyOwnership(const Descriptor& from, const struct stat& status, const Descriptor& to) {
   struct stat fresh {};
-  if (fstat(from.Number(), &status) != 0 || fstat(to.Number(), &fresh) != 0) return errno;
+  if (fstat(to.Number(), &fresh) != 0) return errno;
   const bool sameOwner = status.st_uid == fresh.st_uid && status.st_gid == fresh.st_gid;
   if (!sameOwner && fchown(to.Number(), status.st_uid, status.st_gid) != 0) return errno;
   if (fchmod(to.Number(), status.st_mode & 07777) != 0) return errno;
@@ -141,10 +140,10 @@ struct Attempt {
 };
 
 Attempt ReplaceBySibling(const std::string& hostPath, const Descriptor& old,
-                         std::string_view bytes) {
+                         const struct stat& status, std::string_view bytes) {
   Sibling sibling(hostPath);
   if (sibling.error != 0) return {sibling.error};
-  if (const int error = CopyOwnership(old, sibling.file)) return {error};
+  if (const int error = CopyOwnership(old, status, sibling.file)) return {error};
   if (const int error = WriteAndRename(sibling, hostPath, bytes)) return {error};
   return {FlushFolder(hostPath), true};
 }
@@ -191,7 +190,7 @@ void ReplaceFile(const std::string& hostPath, std::string_view bytes) {
   if (S_ISDIR(status.st_mode)) throw RuntimeFailure(Failure::pathFileAccess);
   if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::deviceUnavailable);
 
-  const Attempt attempt = ReplaceBySibling(hostPath, old, bytes);
+  const Attempt attempt = ReplaceBySibling(hostPath, old, status, bytes);
   int error = attempt.error;
   if (!attempt.renamed && MayTryInPlace(error)) error = ReplaceInPlace(hostPath, bytes);
   if (error != 0) ThrowErrno(error, hostPath);

@@ -86,6 +86,7 @@ void Form_Unload(frmMain& form, std::int16_t& Cancel) {
 
 void LoadKeyMapInfo(frmMain& form) {
   const ScriptLock lock(form.program);
+  const SlotBatch batch(form);
   ++form.loads;
   form.lastSave = {};
   LoadMainMenuKeyMapInfo(form);

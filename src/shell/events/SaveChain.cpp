@@ -1,7 +1,6 @@
 #include "shell/events/SaveChain.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,16 +32,6 @@ bool SaveMenus(frmMain& form, bool bCreateKeyDocument, bool second) {
   SaveSetupInfo(form);
   return true;
 }
-
-/// While it lives the slot's files are replaced only where somebody looks: before a message box,
-/// and at its end. So after a crash a script's keys are either all old or all new.
-struct SlotBatch {
-  explicit SlotBatch(const frmMain& form) {
-    for (const std::string& path : SlotScripts(form))
-      batches.push_back(std::make_unique<ProfileBatch>(form.program.profile, path));
-  }
-  std::vector<std::unique_ptr<ProfileBatch>> batches;
-};
 
 /// Returns whether the file was rewritten.
 bool UpdateChecksum(frmMain& form, const std::string& path) {
