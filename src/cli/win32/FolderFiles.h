@@ -1,19 +1,17 @@
 #pragma once
 
-#include <chrono>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "platform/win32/FileStoreWin32.h"
+#include "platform/win32/PlacedFiles.h"
 
 namespace dialwright {
 
 /// The files of a copied server on Windows: its drives are folders `drive_x` of its folder, and
 /// nothing on the machine's own drives is touched but what lies in that folder.
-class FolderFiles : public FileStore {
+class FolderFiles : public PlacedFiles {
  public:
   /// Folders are absolute, without a backslash at their end; paths in the server's own and in
   /// `realFolders` are taken as they are.
@@ -22,39 +20,11 @@ class FolderFiles : public FileStore {
     real.push_back(folder);
   }
 
-  Kind KindOf(std::string_view path) override { return files.KindOf(Placed(path)); }
-  std::optional<FileStamp> Stamp(std::string_view path) override {
-    return files.Stamp(Placed(path));
-  }
-  std::vector<std::string> FileNames(std::string_view path) override {
-    return files.FileNames(Placed(path));
-  }
-  std::string Read(std::string_view path) override { return files.Read(Placed(path)); }
-  std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override {
-    return files.Open(Placed(path), opening, create);
-  }
-  void Replace(std::string_view path, std::string_view bytes) override {
-    files.Replace(Placed(path), bytes);
-  }
-  void Copy(std::string_view from, std::string_view to, bool overwrite) override {
-    files.Copy(Placed(from), Placed(to), overwrite);
-  }
-  void Remove(std::string_view path, bool force) override { files.Remove(Placed(path), force); }
-  void CreateFolder(std::string_view path) override { files.CreateFolder(Placed(path)); }
-  std::string RealPath(std::string_view path) override { return files.RealPath(Placed(path)); }
-  bool IsWritable(std::string_view path) override { return files.IsWritable(Placed(path)); }
-  std::unique_ptr<FolderLock> Lock(std::string_view path,
-                                   std::chrono::milliseconds longest) override {
-    return files.Lock(Placed(path), longest);
-  }
-  void RemoveLeftovers(std::string_view path) override { files.RemoveLeftovers(Placed(path)); }
-
  private:
-  std::string Placed(std::string_view path) const;
+  std::string Placed(std::string_view path) const override;
 
   std::string folder;
   std::vector<std::string> real;
-  FileStoreWin32 files;
 };
 
 }  // namespace dialwright

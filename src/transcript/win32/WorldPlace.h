@@ -2,16 +2,14 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/standins/RegistryFile.h"
-#include "platform/win32/FileStoreWin32.h"
 #include "platform/win32/LanguagesWin32.h"
+#include "platform/win32/PlacedFiles.h"
 #include "platform/win32/RegistryWin32.h"
 
 namespace dialwright {
@@ -33,43 +31,17 @@ struct WorldFolder {
 
 /// The real files of Windows, with the drives of the transcript laid into its folder: nothing on
 /// the machine's own drives is touched.
-class WorldDisk : public FileStore {
+class WorldDisk : public PlacedFiles {
  public:
   explicit WorldDisk(const WorldFolder& worldFolder) : folder(worldFolder) {}
-
-  Kind KindOf(std::string_view path) override { return files.KindOf(HostPath(path)); }
-  std::optional<FileStamp> Stamp(std::string_view path) override {
-    return files.Stamp(HostPath(path));
-  }
-  std::vector<std::string> FileNames(std::string_view path) override {
-    return files.FileNames(HostPath(path));
-  }
-  std::string Read(std::string_view path) override { return files.Read(HostPath(path)); }
-  std::unique_ptr<OutputFile> Open(std::string_view path, Opening opening, bool create) override {
-    return files.Open(HostPath(path), opening, create);
-  }
-  void Replace(std::string_view path, std::string_view bytes) override {
-    files.Replace(HostPath(path), bytes);
-  }
-  void Copy(std::string_view from, std::string_view to, bool overwrite) override {
-    files.Copy(HostPath(from), HostPath(to), overwrite);
-  }
-  void Remove(std::string_view path, bool force) override { files.Remove(HostPath(path), force); }
-  void CreateFolder(std::string_view path) override { files.CreateFolder(HostPath(path)); }
-  std::string RealPath(std::string_view path) override { return HostPath(path); }
-  bool IsWritable(std::string_view path) override { return files.IsWritable(HostPath(path)); }
-  std::unique_ptr<FolderLock> Lock(std::string_view path,
-                                   std::chrono::milliseconds patience) override {
-    return files.Lock(HostPath(path), patience);
-  }
-  void RemoveLeftovers(std::string_view path) override { files.RemoveLeftovers(HostPath(path)); }
 
   /// Where a path of the system really lies.
   std::string HostPath(std::string_view path) const;
 
  private:
+  std::string Placed(std::string_view path) const override { return HostPath(path); }
+
   const WorldFolder& folder;
-  FileStoreWin32 files;
 };
 
 /// The real registry of Windows. While it lives, this process finds an empty key of the user's in
