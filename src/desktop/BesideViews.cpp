@@ -1,6 +1,7 @@
 #include "desktop/BesideViews.h"
 
 #include <QAction>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,6 +16,7 @@
 #include "desktop/GridView.h"
 #include "desktop/KeypadPanel.h"
 #include "desktop/QtText.h"
+#include "desktop/ScreenFit.h"
 #include "shell/Program.h"
 
 namespace dialwright {
@@ -62,22 +64,17 @@ void BesideViews::BuildMenu() {
     if (action->objectName() == ToQt(form.mnuHelpMenu.Name)) before = action;
   bar.insertMenu(before, menu);
   keypadItem = &AddItem(*menu, "mnuKeypad", 1384, "F9", [this] {
-    panel->setVisible(keypadItem->isChecked());
+    ShowPanel(keypadItem->isChecked());
     if (panel->isHidden()) focus.ComeBack();
-    Refresh();
   });
   keypadItem->setCheckable(true);
   AddItem(*menu, "mnuToKeypad", 1409, "F6", [this] {
     if (panel->isVisible() && panel->isAncestorOf(window.focusWidget())) return focus.ComeBack();
-    keypadItem->setChecked(true);
-    panel->show();
-    Refresh();
+    ShowPanel(true);
     panel->TakeKeyboard();
   });
   AddItem(*menu, "mnuTryKeys", 1388, "Ctrl+T", [this] {
-    keypadItem->setChecked(true);
-    panel->show();
-    Refresh();
+    ShowPanel(true);
     panel->Try(!panel->IsTrying());
   });
   menu->addSeparator();
@@ -86,6 +83,24 @@ void BesideViews::BuildMenu() {
   AddItem(*menu, "mnuOtherRow", 1410, "Ctrl+F8", [this] { GoToOtherRow(); });
   menu->addSeparator();
   AddItem(*menu, "mnuFindAction", 1387, "Ctrl+F", [this] { FindAnAction(); });
+}
+
+void BesideViews::ShowPanel(bool isShown) {
+  keypadItem->setChecked(isShown);
+  // As narrow as it can be at first: a window grows for what comes up in it, but never shrinks.
+  if (isShown && panel->isHidden()) panel->LimitWidth(0);
+  panel->setVisible(isShown);
+  FitPanel();
+  BringIntoSight(window);
+  Refresh();
+}
+
+void BesideViews::FitPanel() {
+  if (panel->isHidden()) return;
+  QLayout& whole = *window.centralWidget()->layout();
+  whole.activate();
+  const int others = whole.totalMinimumSize().width() - panel->minimumSizeHint().width();
+  panel->LimitWidth(FittingSize(window, QSize(QWIDGETSIZE_MAX, 0)).width() - others);
 }
 
 void BesideViews::ShowPanelWhereItFits(int windowWidth, int screenWidth) {

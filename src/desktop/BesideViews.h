@@ -34,11 +34,15 @@ class BesideViews {
   /// Shows the panel if a screen has the room for it beside a window of that width.
   void ShowPanelWhereItFits(int windowWidth, int screenWidth);
 
+  /// Gives the panel what width the screen has for it beside the rest of the window.
+  void FitPanel();
+
   /// Asks for an action and goes there.
   void FindAnAction();
 
  private:
   void BuildMenu();
+  void ShowPanel(bool isShown);
   QAction& AddItem(QMenu& to, const char* name, int text, const char* keys,
                    std::function<void()> run);
   void GoTo(int grid, const std::string& token);

@@ -83,7 +83,7 @@ void KeyButton::PaintTexts(QPainter& painter, const QRectF& body) const {
   const QColor text = colours.color(QPalette::WindowText), ground = colours.color(QPalette::Window);
   const QRectF inside = body.adjusted(6, 3, -6, -3);
   QFont digit = font();
-  digit.setBold(face.state != KeyState::free);
+  digit.setBold(true);
   digit.setPixelSize(fontMetrics().height() * 9 / 8);
   painter.setFont(digit);
   const double line = QFontMetricsF(digit).height();

@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "beside/EffectiveRows.h"
+#include "desktop/HeadingFont.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/QtText.h"
@@ -27,12 +28,6 @@ namespace {
 constexpr int columns = 3;
 constexpr int pauseMilliseconds = 1500;
 
-void MakeHeading(QLabel& label) {
-  QFont bold = label.font();
-  bold.setBold(true);
-  label.setFont(bold);
-}
-
 QString RowText(const MenuRow& row) {
   return row.key.empty() ? ToQt(row.label) : ToQt(row.key) + "  " + ToQt(row.label);
 }
@@ -44,7 +39,6 @@ KeypadPanel::KeypadPanel(frmMain& mainForm, Ways ways, QWidget* parent)
   setObjectName("keypadPanel");
   SetHelpPage(*this, "keypad.html");
   title = new QLabel;
-  MakeHeading(*title);
   empty = new WrapLabel;
   empty->setObjectName("keypadEmpty");
   empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -55,13 +49,14 @@ KeypadPanel::KeypadPanel(frmMain& mainForm, Ways ways, QWidget* parent)
   column->addWidget(telephone, 1);
   column->addWidget(empty, 1);
   empty->hide();
+  ShowHeadings();
 
   pauseTimer.setSingleShot(true);
   pauseTimer.setInterval(pauseMilliseconds);
   connect(&pauseTimer, &QTimer::timeout, this, [this] { Tell(trial.Pause()); });
 }
 
-QWidget* KeypadPanel::BuildTelephone() {
+QScrollArea* KeypadPanel::BuildTelephone() {
   auto* contents = new QWidget;
   auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(0, 0, 6, 0);
@@ -100,7 +95,6 @@ QWidget* KeypadPanel::BuildTelephone() {
   sequences = BuildList("keySequences");
   voicedTitle = new QLabel;
   voiced = BuildList("menuSays");
-  MakeHeading(*voicedTitle);
   column->addLayout(keys);
   column->addWidget(tryButton);
   column->addWidget(sequencesTitle);
@@ -139,7 +133,17 @@ QListWidget* KeypadPanel::BuildList(const QString& name) {
 QSize KeypadPanel::sizeHint() const { return {WidthOf(buttons.front()->sizeHint()), 0}; }
 
 QSize KeypadPanel::minimumSizeHint() const {
-  return {WidthOf(buttons.front()->minimumSizeHint()), QWidget::minimumSizeHint().height()};
+  return {std::min(WidthOf(buttons.front()->minimumSizeHint()), mostWidth),
+          QWidget::minimumSizeHint().height()};
+}
+
+void KeypadPanel::LimitWidth(int pixels) {
+  const int most = std::max(pixels, buttons.front()->sizeHint().width());
+  if (most == mostWidth) return;
+  mostWidth = most;
+  const bool isCut = minimumSizeHint().width() == mostWidth;
+  telephone->setHorizontalScrollBarPolicy(isCut ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  updateGeometry();
 }
 
 int KeypadPanel::WidthOf(QSize key) const {
@@ -286,7 +290,12 @@ void KeypadPanel::OfferMenu(const KeypadKey& key, const QPoint& place) {
 }
 
 void KeypadPanel::TakeKeyboard() {
-  if (!telephone->isHidden()) buttons.front()->setFocus(Qt::OtherFocusReason);
+  if (!telephone->isHidden()) GiveKeyboardTo(*buttons.front());
+}
+
+void KeypadPanel::GiveKeyboardTo(QWidget& part) {
+  part.setFocus(Qt::OtherFocusReason);
+  telephone->ensureWidgetVisible(&part, 0, 0);
 }
 
 void KeypadPanel::Try(bool on) {
@@ -372,19 +381,18 @@ void KeypadPanel::keyPressEvent(QKeyEvent* event) {
   const int next = place + step;
   if (step == 0) return QWidget::keyPressEvent(event);
   if (next >= static_cast<int>(buttons.size()))
-    tryButton->setFocus(Qt::OtherFocusReason);
+    GiveKeyboardTo(*tryButton);
   else if (next >= 0)
-    buttons[static_cast<std::size_t>(next)]->setFocus(Qt::OtherFocusReason);
+    GiveKeyboardTo(*buttons[static_cast<std::size_t>(next)]);
 }
 
 void KeypadPanel::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::FontChange || title == nullptr) return;
-  for (QLabel* heading : {title, voicedTitle}) {
-    QFont bold = font();
-    bold.setBold(true);
-    heading->setFont(bold);
-  }
+  if (event->type() == QEvent::FontChange && voicedTitle != nullptr) ShowHeadings();
+}
+
+void KeypadPanel::ShowHeadings() {
+  for (QLabel* heading : {title, voicedTitle}) heading->setFont(HeadingFont(font()));
 }
 
 }  // namespace dialwright

@@ -14,6 +14,7 @@ class QLabel;
 class QListWidget;
 class QListWidgetItem;
 class QPushButton;
+class QScrollArea;
 
 namespace dialwright {
 
@@ -38,6 +39,9 @@ class KeypadPanel : public QWidget {
   void Try(bool on);
   bool IsTrying() const { return trying; }
 
+  /// Takes no more than so many pixels of the width: where the keys need more it scrolls sideways.
+  void LimitWidth(int pixels);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -46,8 +50,9 @@ class KeypadPanel : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  QWidget* BuildTelephone();
+  QScrollArea* BuildTelephone();
   QListWidget* BuildList(const QString& name);
+  void ShowHeadings();
   void ShowKeypad();
   void ShowSequences();
   void ShowVoiced();
@@ -60,6 +65,7 @@ class KeypadPanel : public QWidget {
   void Tell(const std::vector<Happening>& happened);
   void GoToRow(int row);
   KeyButton* ButtonWithKeyboard() const;
+  void GiveKeyboardTo(QWidget& part);
   /// With three keys of that size side by side.
   int WidthOf(QSize key) const;
   QString Word(int number) const;
@@ -71,16 +77,17 @@ class KeypadPanel : public QWidget {
   bool trying = false;
   MenuRows rows;
   Keypad keypad;
+  int mostWidth = QWIDGETSIZE_MAX;
   char pointed = 0;  ///< the key that the pointer or the keyboard is on
 
-  QLabel* title;
+  QLabel* title = nullptr;
   QLabel* empty;  ///< in place of the telephone on a tab without keys
-  QWidget* telephone;
+  QScrollArea* telephone;
   std::array<KeyButton*, telephoneKeys.size()> buttons{};
   QPushButton* tryButton;
   QLabel* sequencesTitle;
   QListWidget* sequences;
-  QLabel* voicedTitle;
+  QLabel* voicedTitle = nullptr;
   QListWidget* voiced;
 };
 

@@ -292,6 +292,16 @@ void MainWindow::paintEvent(QPaintEvent* event) {
   });
 }
 
+bool MainWindow::event(QEvent* event) {
+  if (event->type() != QEvent::LayoutRequest || !isVisible()) return QMainWindow::event(event);
+  // Longer words, as another language has them, make the window larger.
+  beside->FitPanel();
+  const QSize before = size();
+  const bool isDone = QMainWindow::event(event);
+  if (size() != before) BringIntoSight(*this);
+  return isDone;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   std::int16_t cancel = 0;
   const bool asked = entry.Run([&] { Form_Unload(form, cancel); });

@@ -26,7 +26,13 @@ QMargins PresentFrame(const QWidget& window) {
           outer.bottom() - inner.bottom()};
 }
 
-/// Makes the window smaller and moves it, only as far as it sticks out.
+}  // namespace
+
+QSize FittingSize(const QWidget& window, QSize contents) {
+  const QRect room = window.screen()->availableGeometry().marginsRemoved(LikelyFrame(window));
+  return contents.boundedTo(room.size());
+}
+
 void BringIntoSight(QWidget& window) {
   if (window.isMaximized() || window.isFullScreen()) return;
   const QRect room = window.screen()->availableGeometry();
@@ -36,13 +42,6 @@ void BringIntoSight(QWidget& window) {
   place.moveLeft(std::clamp(place.left(), most.left(), most.right() - place.width() + 1));
   place.moveTop(std::clamp(place.top(), most.top(), most.bottom() - place.height() + 1));
   if (place != window.geometry()) window.setGeometry(place);
-}
-
-}  // namespace
-
-QSize FittingSize(const QWidget& window, QSize contents) {
-  const QRect room = window.screen()->availableGeometry().marginsRemoved(LikelyFrame(window));
-  return contents.boundedTo(room.size());
 }
 
 void ShowFitted(QWidget& window, QSize contents) {

@@ -10,6 +10,9 @@ namespace dialwright {
 /// the title bar and the frame count.
 QSize FittingSize(const QWidget& window, QSize contents);
 
+/// Makes a window smaller and moves it, only as far as it sticks out of its screen.
+void BringIntoSight(QWidget& window);
+
 /// Brings a window up in such a size, and the whole of it in sight.
 void ShowFitted(QWidget& window, QSize contents);
 

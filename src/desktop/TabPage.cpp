@@ -13,6 +13,7 @@
 #include "desktop/ControlViews.h"
 #include "desktop/FindingLine.h"
 #include "desktop/GridView.h"
+#include "desktop/HeadingFont.h"
 #include "desktop/KeyEdit.h"
 #include "desktop/PaneScroll.h"
 #include "desktop/QtText.h"
@@ -52,12 +53,8 @@ class ActionHeading : public WrapLabel {
     return std::max(WrapLabel::heightForWidth(width), 2 * fontMetrics().lineSpacing());
   }
 
-  /// A bold font of the page's, a little larger.
   void TakeFontOf(const QWidget& page) {
-    QFont wanted = page.font();
-    wanted.setBold(true);
-    if (wanted.pointSizeF() > 0) wanted.setPointSizeF(wanted.pointSizeF() * 1.1);
-    if (wanted != font()) setFont(wanted);
+    if (const QFont wanted = HeadingFont(page.font()); wanted != font()) setFont(wanted);
   }
 };
 

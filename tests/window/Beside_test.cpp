@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
+#include <QScreen>
 #include <QTabBar>
 #include <QTimer>
 
@@ -56,6 +58,30 @@ TEST_F(BesideTest, AFaultIsMarkedAsItIsTypedAndNamesTheOtherRow) {
   EXPECT_EQ(Focused(), "txtKeyAssignment(0)");
 }
 
+TEST_F(BesideTest, OnANarrowScreenTheKeypadScrollsAndSaveStaysInSight) {
+  const auto expectInSight = [this](const char* what) {
+    for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+    const auto& save = widget<QPushButton>("cmdSave");
+    const QRect place(save.mapToGlobal(QPoint()), save.size());
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(place)) << what;
+    EXPECT_TRUE(widget<KeyButton>("key(1)").isVisible()) << what;
+  };
+  ASSERT_LT(window.screen()->availableGeometry().width(), 1000);
+  window.move(200, 0);
+  Press(Qt::Key_F9);
+  expectInSight("as it is");
+  for (Control* control : form.Controls)
+    if (const std::string text = control->Caption; !text.empty())
+      control->Caption = text + " " + text.substr(0, text.size() / 4);
+  expectInSight("longer texts");
+  Press(Qt::Key_F6);
+  Press(Qt::Key_Right);
+  Press(Qt::Key_Right);
+  const auto& key = widget<KeyButton>("key(3)");
+  EXPECT_TRUE(key.hasFocus());
+  EXPECT_EQ(key.visibleRegion().boundingRect().width(), key.width());
+}
+
 TEST_F(BesideTest, F8GoesThroughTheFindingsOfAllTabs) {
   const auto place = [this] {
     const int tab = form.SSTab1.Tab();
@@ -89,7 +115,7 @@ TEST_F(BesideTest, F8GoesThroughTheFindingsOfAllTabs) {
 TEST_F(BesideTest, TheKeypadWorksByKeyboardAndGivesAFreeKey) {
   Press(Qt::Key_F6);
   EXPECT_EQ(Keyboard(), "key(1)");
-  EXPECT_EQ(form.focus.ActiveControl(), &form.txtKeyAssignment[0]);
+  EXPECT_EQ(form.focus.ActiveControl(), form.txtKeyAssignment.data());
   for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right}) Press(key);
   EXPECT_EQ(Keyboard(), "key(8)");
   EXPECT_EQ(Items("keySequences").front(), "81  Follow-Me Here");
