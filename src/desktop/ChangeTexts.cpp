@@ -36,6 +36,23 @@ QString LabelOf(const frmMain& form, const Change& change) {
   return ToQt(change.token);
 }
 
+/// What stood there before, or stands there now.
+QString SideText(const frmMain& form, const Change& change, bool isNow) {
+  const std::string& value = isNow ? change.now : change.before;
+  switch (change.kind) {
+    case Change::Kind::key:
+      return KeyText(form, value);
+    case Change::Kind::voiced:
+    case Change::Kind::silent:
+      return VoiceText(form, (change.kind == Change::Kind::voiced) == isNow);
+    case Change::Kind::box:
+      return Text(form, value == "1" ? checked : notChecked);
+    case Change::Kind::order:
+      break;
+  }
+  return {};
+}
+
 }  // namespace
 
 QString ChangedThing(const frmMain& form, const Change& change) {
@@ -46,34 +63,10 @@ QString ChangedThing(const frmMain& form, const Change& change) {
 }
 
 QString BeforeText(const frmMain& form, const Change& change) {
-  switch (change.kind) {
-    case Change::Kind::key:
-      return KeyText(form, change.before);
-    case Change::Kind::voiced:
-    case Change::Kind::silent:
-      return VoiceText(form, change.kind == Change::Kind::silent);
-    case Change::Kind::box:
-      return Text(form, change.before == "1" ? checked : notChecked);
-    case Change::Kind::order:
-      break;
-  }
-  return {};
+  return SideText(form, change, false);
 }
 
-QString NowText(const frmMain& form, const Change& change) {
-  switch (change.kind) {
-    case Change::Kind::key:
-      return KeyText(form, change.now);
-    case Change::Kind::voiced:
-    case Change::Kind::silent:
-      return VoiceText(form, change.kind == Change::Kind::voiced);
-    case Change::Kind::box:
-      return Text(form, change.now == "1" ? checked : notChecked);
-    case Change::Kind::order:
-      break;
-  }
-  return {};
-}
+QString NowText(const frmMain& form, const Change& change) { return SideText(form, change, true); }
 
 std::vector<QString> ChangeTips(const frmMain& form, int grid, const std::vector<Change>& changes) {
   const KeyGrid& keys = At(form.gridKeyMap, grid);
