@@ -19,7 +19,7 @@ void SayNoDisplay() {
 }
 
 /// What the toolkit says before it gives up is about its plugins, and of no use to a user.
-void onMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
+void OnMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
   if (type != QtFatalMsg) return;
   SayNoDisplay();
   std::_Exit(1);
@@ -27,7 +27,7 @@ void onMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
 
 }  // namespace
 
-void expectDisplay() { qInstallMessageHandler(onMessage); }
+void ExpectDisplay() { qInstallMessageHandler(OnMessage); }
 
 void DisplayFound() { qInstallMessageHandler(nullptr); }
 

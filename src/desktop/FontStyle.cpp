@@ -97,9 +97,7 @@ void FontStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     return QProxyStyle::drawPrimitive(element, option, painter, widget);
   // This style has its frame in a file, too.
   QColor edge = option->palette.color(QPalette::WindowText);
-  QColor ground = edge;
   edge.setAlpha(38);
-  ground.setAlpha(7);
   // The title stands above the frame.
   constexpr int gap = 3;
   const int mark = pixelMetric(PM_ExclusiveIndicatorHeight, option, widget);
@@ -107,7 +105,7 @@ void FontStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(edge);
-  painter->setBrush(ground);
+  painter->setBrush(Qt::NoBrush);
   painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 2, 2);
   painter->restore();
 }

@@ -8,7 +8,7 @@ namespace dialwright {
 /// each font that a window shows takes its time to be found and read.
 inline QFont HeadingFont(QFont text) {
   text.setBold(true);
-  if (text.pointSizeF() > 0) text.setPointSizeF(text.pointSizeF() * 1.1);
+  if (text.pointSizeF() > 0) text.setPointSizeF(text.pointSizeF() * 1.2);
   return text;
 }
 

@@ -5,6 +5,7 @@
 #include <QTextLayout>
 
 #include "desktop/FaultMarks.h"
+#include "desktop/HeadingFont.h"
 
 namespace dialwright {
 
@@ -82,9 +83,7 @@ void KeyButton::PaintTexts(QPainter& painter, const QRectF& body) const {
   const QPalette& colours = palette();
   const QColor text = colours.color(QPalette::WindowText), ground = colours.color(QPalette::Window);
   const QRectF inside = body.adjusted(6, 3, -6, -3);
-  QFont digit = font();
-  digit.setBold(true);
-  digit.setPixelSize(fontMetrics().height() * 9 / 8);
+  const QFont digit = HeadingFont(font());
   painter.setFont(digit);
   const double line = QFontMetricsF(digit).height();
   painter.setPen(face.state == KeyState::free ? Mixed(text, ground, 0.62) : text);
@@ -108,26 +107,35 @@ void KeyButton::PaintTexts(QPainter& painter, const QRectF& body) const {
   PaintLabel(painter, inside.adjusted(0, line, 0, 0));
 }
 
+// On one line or two; what is too long for them ends in dots.
 void KeyButton::PaintLabel(QPainter& painter, const QRectF& place) const {
+  if (face.label.isEmpty()) return;
   const QFontMetricsF metrics(painter.font());
+  const QPointF lineBelow(0, metrics.height());
+  const auto drawCut = [&](const QPointF& at, const QString& text) {
+    painter.drawText(QRectF(at, QSizeF(place.width(), metrics.height())),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     metrics.elidedText(text, Qt::ElideRight, place.width()));
+  };
+  if (place.height() < 2 * metrics.height()) return drawCut(place.topLeft(), face.label);
   QTextOption wrap;
   wrap.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   QTextLayout layout(face.label, painter.font());
   layout.setTextOption(wrap);
   layout.beginLayout();
-  QTextLine first = layout.createLine();
-  if (first.isValid()) first.setLineWidth(place.width());
-  layout.endLayout();
-  const bool isOneLine = place.height() < 2 * metrics.height();
-  const qsizetype rest = first.isValid() && !isOneLine ? first.textLength() : 0;
-  const QRectF top(place.topLeft(), QSizeF(place.width(), metrics.height()));
-  const auto draw = [&](const QRectF& line, const QString& text) {
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     metrics.elidedText(text, Qt::ElideRight, place.width()));
+  const auto nextLine = [&] {
+    QTextLine line = layout.createLine();
+    if (line.isValid()) line.setLineWidth(place.width());
+    return line;
   };
-  if (rest == 0) return draw(top, face.label);
-  draw(top, face.label.left(rest).trimmed());
-  draw(top.translated(0, metrics.height()), face.label.mid(rest));
+  const QTextLine first = nextLine(), second = nextLine();
+  const bool isAll = !layout.createLine().isValid();
+  layout.endLayout();
+  first.draw(&painter, place.topLeft());
+  if (second.isValid() && isAll)
+    second.draw(&painter, place.topLeft() + lineBelow);
+  else if (second.isValid())
+    drawCut(place.topLeft() + lineBelow, face.label.mid(first.textLength()));
 }
 
 void KeyButton::enterEvent(QEnterEvent* event) {

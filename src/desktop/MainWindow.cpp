@@ -183,8 +183,7 @@ void MainWindow::ListenToControls() {
     QMetaObject::invokeMethod(
         this,
         [this] {
-          refreshQueued = false;
-          Refresh();
+          if (refreshQueued) Refresh();
         },
         Qt::QueuedConnection);
   };
@@ -213,6 +212,7 @@ void MainWindow::ListenToControls() {
 }
 
 void MainWindow::Refresh() {
+  refreshQueued = false;
   if (form.SSTab1.Tab() != mainMenuGrid) BuildOtherPages();
   translations->Refresh();
   PlaceDocuments();
@@ -232,6 +232,7 @@ void MainWindow::Refresh() {
 void MainWindow::BuildStatus() {
   // Its text begins where the tabs do.
   const QMargins around = centralWidget()->layout()->contentsMargins();
+  statusBar()->setSizeGripEnabled(false);  // the frame is there to be drawn
   statusBar()->setContentsMargins(around.left() / 2, 0, 0, 0);
   status = std::make_unique<StatusLine>(form, *statusBar());
   editMenu->done = [this](const QString& text) { status->Announce(text); };

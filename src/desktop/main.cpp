@@ -7,6 +7,7 @@
 #include "desktop/CardNotice.h"
 #include "desktop/DisplayCheck.h"
 #include "desktop/FontStyle.h"
+#include "desktop/FontsAhead.h"
 #include "desktop/HostServices.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Opening.h"
@@ -53,7 +54,8 @@ void RunProgram(const Place& place, Opening& opening) {
 
 int main(int argc, char** argv) {
   if (AnswerWithoutWindow(argc, argv)) return 0;
-  expectDisplay();
+  const std::jthread fonts = ReadFontsAhead();
+  ExpectDisplay();
   const QApplication application(argc, argv);
   DisplayFound();
   QApplication::setApplicationName(programTitle);
