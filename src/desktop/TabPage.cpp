@@ -161,7 +161,7 @@ void TabPage::Build() {
                            Room(form, At(form.txtKeyAssignment, index)),
                        key);
   };
-  views.Show([grid, heading, key, room, order, silence, orderFrame, description, this] {
+  views.Show([grid, heading, key, room, order, silence, description, this] {
     const QString action = RowInHand(At(form.gridKeyMap, index));
     const QString explained = LinesToQt(At(form.txtDescription, index).Caption());
     const auto text = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
