@@ -101,6 +101,8 @@ void BesideViews::FitPanel() {
   whole.activate();
   const int others = whole.totalMinimumSize().width() - panel->minimumSizeHint().width();
   panel->LimitWidth(FittingSize(window, QSize(QWIDGETSIZE_MAX, 0)).width() - others);
+  // Before the window asks how large it has to be.
+  whole.activate();
 }
 
 void BesideViews::ShowPanelWhereItFits(int windowWidth, int screenWidth) {

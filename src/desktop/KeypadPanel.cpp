@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "beside/EffectiveRows.h"
+#include "desktop/CutLabel.h"
 #include "desktop/HeadingFont.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
@@ -38,7 +39,7 @@ KeypadPanel::KeypadPanel(frmMain& mainForm, Ways ways, QWidget* parent)
     : QWidget(parent), form(mainForm), does(std::move(ways)), trial(mainForm) {
   setObjectName("keypadPanel");
   SetHelpPage(*this, "keypad.html");
-  title = new QLabel;
+  title = new CutLabel;
   empty = new WrapLabel;
   empty->setObjectName("keypadEmpty");
   empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -138,7 +139,7 @@ QSize KeypadPanel::minimumSizeHint() const {
 }
 
 void KeypadPanel::LimitWidth(int pixels) {
-  const int most = std::max(pixels, buttons.front()->sizeHint().width());
+  const int most = std::max(pixels, buttons.front()->minimumSizeHint().width());
   if (most == mostWidth) return;
   mostWidth = most;
   const bool isCut = minimumSizeHint().width() == mostWidth;

@@ -214,7 +214,8 @@ void MainWindow::ListenToControls() {
 void MainWindow::Refresh() {
   refreshQueued = false;
   if (form.SSTab1.Tab() != mainMenuGrid) BuildOtherPages();
-  translations->Refresh();
+  // Longer words make the window larger.
+  if (translations->Refresh() && isVisible()) SettleInSight(*this);
   PlaceDocuments();
   views.Refresh();
   SetSpoken(*tabs->tabBar(), texts::Tabs());
@@ -295,12 +296,8 @@ void MainWindow::paintEvent(QPaintEvent* event) {
 
 bool MainWindow::event(QEvent* event) {
   if (event->type() != QEvent::LayoutRequest || !isVisible()) return QMainWindow::event(event);
-  // Longer words, as another language has them, make the window larger.
   beside->FitPanel();
-  const QSize before = size();
-  const bool isDone = QMainWindow::event(event);
-  if (size() != before) BringIntoSight(*this);
-  return isDone;
+  return QMainWindow::event(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

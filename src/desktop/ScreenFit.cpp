@@ -44,11 +44,15 @@ void BringIntoSight(QWidget& window) {
   if (place != window.geometry()) window.setGeometry(place);
 }
 
+void SettleInSight(QWidget& window) {
+  for (const int milliseconds : lookAgain)
+    QTimer::singleShot(milliseconds, &window, [&window] { BringIntoSight(window); });
+}
+
 void ShowFitted(QWidget& window, QSize contents) {
   window.resize(FittingSize(window, contents));
   window.show();
-  for (const int milliseconds : lookAgain)
-    QTimer::singleShot(milliseconds, &window, [&window] { BringIntoSight(window); });
+  SettleInSight(window);
 }
 
 }  // namespace dialwright

@@ -13,6 +13,9 @@ QSize FittingSize(const QWidget& window, QSize contents);
 /// Makes a window smaller and moves it, only as far as it sticks out of its screen.
 void BringIntoSight(QWidget& window);
 
+/// The same once the present changes of its contents have settled.
+void SettleInSight(QWidget& window);
+
 /// Brings a window up in such a size, and the whole of it in sight.
 void ShowFitted(QWidget& window, QSize contents);
 

@@ -53,20 +53,21 @@ Translations::~Translations() {
   QCoreApplication::removeTranslator(&toolkit);
 }
 
-void Translations::Refresh() {
+bool Translations::Refresh() {
   const QString wanted = ToolkitLanguage(LanguageInForce(program));
-  if (wanted == spoken) return;
+  if (wanted == spoken) return false;
   spoken = wanted;
   QCoreApplication::removeTranslator(&toolkit);
-  if (wanted.isEmpty()) return;
+  if (wanted.isEmpty()) return true;
   const QString own = ToQt(program.services.files.RealPath(program.folder + "\\translations"));
   // Where the program folder has none those of the machine serve.
   for (const QString& folder :
        {QDir::fromNativeSeparators(own), QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
     if (toolkit.load("qtbase_" + wanted, folder)) {
       QCoreApplication::installTranslator(&toolkit);
-      return;
+      break;
     }
+  return true;
 }
 
 }  // namespace dialwright

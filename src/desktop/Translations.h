@@ -15,8 +15,8 @@ class Translations {
   explicit Translations(Program& theProgram);
   ~Translations();
 
-  /// Takes over the language that is in force now.
-  void Refresh();
+  /// Takes over the language that is in force now; returns whether it is another one.
+  bool Refresh();
 
  private:
   /// The texts of Texts.h, found in the string table by their English.
