@@ -26,6 +26,8 @@ class BesideViews {
  public:
   BesideViews(frmMain& mainForm, QMainWindow& mainWindow, ControlViews& controlViews,
               FocusFilter& focusFilter);
+  BesideViews(const BesideViews&) = delete;
+  BesideViews& operator=(const BesideViews&) = delete;
 
   void Refresh();
 
