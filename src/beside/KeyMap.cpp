@@ -16,14 +16,6 @@ namespace {
 
 using Rows = std::vector<KeyGrid::Cells>;
 
-std::string& Cell(KeyGrid::Cells& row, Column column) {
-  return row.at(static_cast<std::size_t>(column));
-}
-
-const std::string& Cell(const KeyGrid::Cells& row, Column column) {
-  return row.at(static_cast<std::size_t>(column));
-}
-
 bool IsVoiced(const KeyGrid::Cells& row) { return Cell(row, Column::Order) != notVoiced; }
 
 /// Takes a row's voice from the file; an action that is never voiced and is silent stays so.

@@ -12,11 +12,7 @@ namespace dialwright {
 
 namespace {
 
-std::string& Cell(KeyGrid::Cells& row, Column column) {
-  return row.at(static_cast<std::size_t>(column));
-}
-
-bool IsSilent(KeyGrid::Cells& row) { return Cell(row, Column::Order) == notVoiced; }
+bool IsSilent(const KeyGrid::Cells& row) { return Cell(row, Column::Order) == notVoiced; }
 
 /// The edit controls as a choice of the row would leave them.
 void ShowRowInHand(frmMain& form, int grid) {

@@ -42,12 +42,12 @@ void KeyGrid::AddItem(std::string_view first) {
 }
 
 const std::string& KeyGrid::Text(int row, Column column) const {
-  return RowCells(row)[static_cast<std::size_t>(column)];
+  return Cell(RowCells(row), column);
 }
 
 void KeyGrid::SetText(int row, Column column, std::string_view text) {
   RowCells(row);
-  rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
+  Cell(rows[static_cast<std::size_t>(row)], column) = text;
   Notify();
 }
 
@@ -78,11 +78,10 @@ void KeyGrid::MoveRow(int row, int place) {
 }
 
 void KeyGrid::SortGeneric(Column column) {
-  const auto index = static_cast<std::size_t>(column);
   std::vector<std::pair<SortKey, std::size_t>> order;
   order.reserve(rows.size());
   for (std::size_t row = 1; row < rows.size(); ++row)
-    order.emplace_back(SortKeyOf(rows[row][index]), row);
+    order.emplace_back(SortKeyOf(Cell(rows[row], column)), row);
   std::ranges::sort(order);
   std::vector<Cells> sorted;
   sorted.reserve(rows.size());

@@ -72,4 +72,11 @@ class KeyGrid : public Control {
   Redraw redraw = Redraw::buffered;
 };
 
+inline std::string& Cell(KeyGrid::Cells& row, Column column) {
+  return row.at(static_cast<std::size_t>(column));
+}
+inline const std::string& Cell(const KeyGrid::Cells& row, Column column) {
+  return row.at(static_cast<std::size_t>(column));
+}
+
 }  // namespace dialwright

@@ -15,6 +15,7 @@
 #include "desktop/FocusFilter.h"
 #include "desktop/GridView.h"
 #include "desktop/KeypadPanel.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
 #include "shell/Program.h"
@@ -40,7 +41,7 @@ BesideViews::BesideViews(frmMain& mainForm, QMainWindow& mainWindow, ControlView
   BuildMenu();
 }
 
-QString BesideViews::Word(int number) const { return ToQt(form.program.mymyLoadString(number)); }
+QString BesideViews::Word(int number) const { return NumberedText(form.program, number); }
 
 QAction& BesideViews::AddItem(QMenu& to, const char* name, int text, const char* keys,
                               std::function<void()> run) {

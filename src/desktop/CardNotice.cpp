@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include "beside/Card.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/WrapLabel.h"
 #include "platform/FileStore.h"
@@ -69,8 +70,8 @@ CardNotice::~CardNotice() {
 void CardNotice::Started(const CardStart& card) {
   const bool hasMap = program.files.FileExists(program.main->strXMLKeyMapFile);
   setVisible(card.isRunning && hasMap);
-  place->setText(ToQt(program.mymyLoadString(1530)).arg(Breakable(CardFolder(program))));
-  open->setText(ToQt(program.mymyLoadString(1531)));
+  place->setText(NumberedText(program, 1530).arg(Breakable(CardFolder(program))));
+  open->setText(NumberedText(program, 1531));
   if (!hasMap) return;
   omissions = card.isOfForm ? CardOmissions(*program.main) : "";
   // Behind whatever the system still has to say.

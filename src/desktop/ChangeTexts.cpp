@@ -1,5 +1,6 @@
 #include "desktop/ChangeTexts.h"
 
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "keymap/Catalogue.h"
 #include "scripts/SetupOptions.h"
@@ -18,14 +19,12 @@ constexpr int before = 1485;
 constexpr int checked = 1486;
 constexpr int notChecked = 1487;
 
-QString Text(const frmMain& form, int number) { return ToQt(form.program.mymyLoadString(number)); }
-
 QString KeyText(const frmMain& form, const std::string& key) {
-  return key.empty() ? Text(form, noKey) : ToQt(key);
+  return key.empty() ? NumberedText(form.program, noKey) : ToQt(key);
 }
 
 QString VoiceText(const frmMain& form, bool isVoiced) {
-  return Text(form, isVoiced ? voiced : notVoicedText);
+  return NumberedText(form.program, isVoiced ? voiced : notVoicedText);
 }
 
 /// The label of a row; its token where a preset has dropped it.
@@ -46,7 +45,7 @@ QString SideText(const frmMain& form, const Change& change, bool isNow) {
     case Change::Kind::silent:
       return VoiceText(form, (change.kind == Change::Kind::voiced) == isNow);
     case Change::Kind::box:
-      return Text(form, value == "1" ? checked : notChecked);
+      return NumberedText(form.program, value == "1" ? checked : notChecked);
     case Change::Kind::order:
       break;
   }
@@ -56,7 +55,7 @@ QString SideText(const frmMain& form, const Change& change, bool isNow) {
 }  // namespace
 
 QString ChangedThing(const frmMain& form, const Change& change) {
-  if (change.kind == Change::Kind::order) return Text(form, inAnotherOrder);
+  if (change.kind == Change::Kind::order) return NumberedText(form.program, inAnotherOrder);
   if (change.kind == Change::Kind::box)
     return Spoken(ToQt((form.*SetupOptions()[change.option].box).Caption));
   return LabelOf(form, change);
@@ -73,8 +72,9 @@ std::vector<QString> ChangeTips(const frmMain& form, int grid, const std::vector
   std::vector<QString> tips(keys.DataRows().size());
   for (const Change& change : changes) {
     if (change.grid != grid || change.token.empty()) continue;
-    const QString tip = Text(form, change.kind == Change::Kind::key ? keyBefore : before)
-                            .arg(BeforeText(form, change));
+    const QString tip =
+        NumberedText(form.program, change.kind == Change::Kind::key ? keyBefore : before)
+            .arg(BeforeText(form, change));
     for (int row = 1; row < keys.Rows(); ++row) {
       if (keys.Text(row, Column::ActionToken) != change.token) continue;
       QString& text = tips[static_cast<std::size_t>(row - 1)];

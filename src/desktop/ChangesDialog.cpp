@@ -11,6 +11,7 @@
 #include "desktop/Dispatch.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
 #include "scripts/SetupOptions.h"
@@ -33,7 +34,7 @@ constexpr int nothingDiffers = 1475;
 ChangesDialog::ChangesDialog(History& steps, Dispatch& dispatch, QWidget* parent)
     : QDialog(parent), history(steps), entry(dispatch), list(new QTreeWidget) {
   const frmMain& form = history.TheForm();
-  const auto text = [&form](int number) { return ToQt(form.program.mymyLoadString(number)); };
+  const auto text = [&form](int number) { return NumberedText(form.program, number); };
   setObjectName("changes");
   SetHelpPage(*this, "taking-back.html#changes");
   setWindowModality(Qt::WindowModal);  // the help can be read beside it
@@ -102,7 +103,7 @@ void ChangesDialog::Fill() {
     item->setData(0, Qt::UserRole, static_cast<uint>(i));
   }
   if (changes.empty()) {
-    auto* nothing = new QTreeWidgetItem(list, {ToQt(form.program.mymyLoadString(nothingDiffers))});
+    auto* nothing = new QTreeWidgetItem(list, {NumberedText(form.program, nothingDiffers)});
     nothing->setFirstColumnSpanned(true);
   }
   FitColumns(*list);

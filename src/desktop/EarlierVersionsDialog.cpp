@@ -11,6 +11,7 @@
 #include "desktop/Columns.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
 #include "desktop/WrapLabel.h"
@@ -23,9 +24,9 @@ namespace {
 
 /// A key with whether the menu announces it, where the two differ in that.
 QString Cell(Program& program, const std::string& key, bool isVoiced, bool tellVoice) {
-  QString text = key.empty() ? ToQt(program.mymyLoadString(1369)) : ToQt(key);
+  QString text = key.empty() ? NumberedText(program, 1369) : ToQt(key);
   if (!tellVoice) return text;
-  return text + ", " + ToQt(program.mymyLoadString(isVoiced ? 1370 : 1371));
+  return text + ", " + NumberedText(program, isVoiced ? 1370 : 1371);
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ EarlierVersionsDialog::EarlierVersionsDialog(frmMain& mainForm, QWidget* parent,
       times(new QListWidget),
       differences(new QTreeWidget),
       remark(new WrapLabel) {
-  const auto text = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
+  const auto text = [this](int number) { return NumberedText(form.program, number); };
   setObjectName("earlierVersionsDialog");
   SetHelpPage(*this, "earlier-versions.html");
   setWindowTitle(TitleOf(text(1361)));
@@ -97,9 +98,8 @@ void EarlierVersionsDialog::ShowDifferences() {
   }
   differences->expandAll();
   FitColumns(*differences);
-  QString text = grid < 0 ? ToQt(program.mymyLoadString(1374)) : QString();
-  if (form.cmdSave.Enabled)
-    text += (text.isEmpty() ? "" : "\n") + ToQt(program.mymyLoadString(1375));
+  QString text = grid < 0 ? NumberedText(program, 1374) : QString();
+  if (form.cmdSave.Enabled) text += (text.isEmpty() ? "" : "\n") + NumberedText(program, 1375);
   remark->setText(text);
 }
 

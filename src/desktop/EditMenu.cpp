@@ -8,6 +8,7 @@
 #include "beside/History.h"
 #include "desktop/Dispatch.h"
 #include "desktop/LanguageFontResolver.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "shell/Program.h"
 #include "shell/frmMain.h"
@@ -22,8 +23,6 @@ constexpr int undoNamed = 1452;
 constexpr int redo = 1453;
 constexpr int redoNamed = 1454;
 constexpr int revertRow = 1462;
-
-QString Text(const frmMain& form, int number) { return ToQt(form.program.mymyLoadString(number)); }
 
 /// Where the menu bar has the menu that Edit stands in front of.
 QAction* PlaceIn(const QMenuBar& bar, const frmMain& form) {
@@ -62,15 +61,18 @@ QAction& EditMenu::Add(const QString& name, Item item, std::function<void()> run
 
 QAction& EditMenu::Add(const QString& name, int text, std::function<void()> run,
                        std::function<bool()> enabled) {
-  return Add(name, {nullptr, [this, text] { return Text(form, text); }, std::move(enabled)},
-             std::move(run));
+  return Add(
+      name,
+      {nullptr, [this, text] { return NumberedText(form.program, text); }, std::move(enabled)},
+      std::move(run));
 }
 
 void EditMenu::AddStep(const QString& name, int text, int namedText,
                        std::string (History::*stepName)(), bool (History::*run)()) {
   const auto caption = [this, text, namedText, stepName] {
     const QString step = ToQt((history.*stepName)());
-    return step.isEmpty() ? Text(form, text) : Text(form, namedText).arg(step);
+    return step.isEmpty() ? NumberedText(form.program, text)
+                          : NumberedText(form.program, namedText).arg(step);
   };
   Add(name, {nullptr, caption, [this, stepName] { return !(history.*stepName)().empty(); }},
       [this, caption, run] {
@@ -88,7 +90,7 @@ void EditMenu::AddSeparator() { menu->addSeparator(); }
 
 void EditMenu::Refresh() {
   const QFont font = LanguageFont(form.mnuFile.Font);
-  menu->setTitle(Text(form, editMenu));
+  menu->setTitle(NumberedText(form.program, editMenu));
   menu->menuAction()->setFont(font);
   for (const Item& item : items) {
     item.action->setText(item.text());

@@ -10,6 +10,7 @@
 #include "desktop/EarlierVersionsDialog.h"
 #include "desktop/MainWindow.h"
 #include "desktop/NoticeBar.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "shell/Program.h"
 #include "shell/events/BringBack.h"
@@ -35,7 +36,7 @@ FileSafetyView::FileSafetyView(Program& theProgram, MainWindow& mainWindow, Disp
 }
 
 void FileSafetyView::Refresh() {
-  const QString caption = ToQt(program.mymyLoadString(1361));
+  const QString caption = NumberedText(program, 1361);
   if (form.safety.revision == seenRevision && caption == seenLanguage) return;
   seenLanguage = caption;
   versionsItem->setText(caption);
@@ -54,7 +55,7 @@ void FileSafetyView::Look() {
   for (const FileNotice& notice : FileNotices(form)) {
     NoticeBar::Notice shown{ToQt(notice.text), {}, {}};
     if (notice.remedy == FileNotice::Remedy::loadAnew) {
-      shown.button = ToQt(program.mymyLoadString(1360));
+      shown.button = NumberedText(program, 1360);
       shown.pressed = [this] { LoadAnew(); };
     } else if (notice.remedy == FileNotice::Remedy::earlierVersions) {
       shown.button = seenLanguage;

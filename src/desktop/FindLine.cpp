@@ -8,6 +8,7 @@
 #include "desktop/Columns.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/ScreenFit.h"
 #include "shell/Program.h"
@@ -16,7 +17,7 @@ namespace dialwright {
 
 FindLine::FindLine(const frmMain& mainForm, GoTo goTo, QWidget* parent)
     : QDialog(parent), form(mainForm), go(std::move(goTo)) {
-  const auto word = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
+  const auto word = [this](int number) { return NumberedText(form.program, number); };
   setObjectName("findAction");
   SetHelpPage(*this, "keypad.html#find");
   setAttribute(Qt::WA_DeleteOnClose);
@@ -60,7 +61,7 @@ void FindLine::Search(const QString& text) {
     new QTreeWidgetItem(list, {ToQt(match.row.label), ToQt(match.row.key),
                                Spoken(ToQt(form.SSTab1.TabCaption(match.grid)))});
   if (found.empty()) {
-    auto* none = new QTreeWidgetItem(list, {ToQt(form.program.mymyLoadString(1404))});
+    auto* none = new QTreeWidgetItem(list, {NumberedText(form.program, 1404)});
     none->setFlags(Qt::NoItemFlags);
   } else {
     list->setCurrentItem(list->topLevelItem(0));

@@ -37,14 +37,14 @@ int UnitsOf(const QString& text, std::size_t characters) {
 
 int ClassicCode(const QString& text) { return static_cast<unsigned char>(text.toUtf8().front()); }
 
-Qt::KeyboardModifiers ModifiersOf(const QKeyEvent& event) {
+Qt::KeyboardModifiers ModifiersBesideShift(const QKeyEvent& event) {
   return event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
 }
 
 /// Whether the key writes something. With Control and Alt together it is the third letter of a key.
 bool IsCharacter(const QKeyEvent& event) {
   const QString text = event.text();
-  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  const Qt::KeyboardModifiers modifiers = ModifiersBesideShift(event);
   if (text.isEmpty() || modifiers == Qt::ControlModifier || modifiers == Qt::AltModifier)
     return false;
   const QChar first = text.front();
@@ -54,7 +54,7 @@ bool IsCharacter(const QKeyEvent& event) {
 /// The code of a key that gives a character which changes no text, such as Escape or Control and a
 /// letter; 0 for any other.
 int ControlCode(const QKeyEvent& event) {
-  const Qt::KeyboardModifiers modifiers = ModifiersOf(event);
+  const Qt::KeyboardModifiers modifiers = ModifiersBesideShift(event);
   if (modifiers != Qt::NoModifier && modifiers != Qt::ControlModifier) return 0;
   const int key = event.key();
   if (modifiers == Qt::ControlModifier && key >= Qt::Key_A && key <= Qt::Key_Z)
@@ -180,7 +180,7 @@ void KeyEdit::keyPressEvent(QKeyEvent* event) {
     TypeText(event->text());
   else if (const int code = ControlCode(*event); code != 0)
     Change(code, [this, event] { QLineEdit::keyPressEvent(event); });
-  else if (ModifiersOf(*event) == Qt::AltModifier && !event->text().isEmpty())
+  else if (ModifiersBesideShift(*event) == Qt::AltModifier && !event->text().isEmpty())
     event->ignore();  // the toolkit would write the letter
   else
     QLineEdit::keyPressEvent(event);

@@ -13,6 +13,7 @@
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
 #include "desktop/MainWindow.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "platform/Failure.h"
 #include "shell/Program.h"
@@ -31,8 +32,6 @@ enum TextNumber {
 };
 
 constexpr const char* helpPage = "key-map-files.html";
-
-QString Text(const frmMain& form, int number) { return ToQt(form.program.mymyLoadString(number)); }
 
 std::string SystemPath(const QString& path) { return ReplaceAll(FromQt(path), "/", "\\"); }
 
@@ -84,9 +83,9 @@ void KeyMapItems::AddCopies(EditMenu& editMenu) {
 
 void KeyMapItems::Refresh() {
   const QFont font = LanguageFont(form.mnuFile.Font);
-  exportItem->setText(Text(form, exportText));
-  importItem->setText(Text(form, importText));
-  copies->setTitle(Text(form, copyText));
+  exportItem->setText(NumberedText(form.program, exportText));
+  importItem->setText(NumberedText(form.program, importText));
+  copies->setTitle(NumberedText(form.program, copyText));
   for (QAction* action : {exportItem, importItem, copies->menuAction()}) action->setFont(font);
   copies->menuAction()->setVisible(SlotsOf(form) > 1);
   const MenuItem* items[] = {&form.mnuSelectDialwright, &form.mnuSelectDialwright2,
@@ -101,8 +100,8 @@ void KeyMapItems::Refresh() {
 
 std::string KeyMapItems::AskPath(Asked what) {
   const bool writes = what == Asked::target;
-  QFileDialog dialog(&window, TitleOf(Text(form, writes ? exportText : importText)), folder,
-                     Text(form, keyMapsText) + " (*.json)");
+  QFileDialog dialog(&window, TitleOf(NumberedText(form.program, writes ? exportText : importText)),
+                     folder, NumberedText(form.program, keyMapsText) + " (*.json)");
   dialog.setObjectName("dlgKeyMap");
   SetHelpPage(dialog, helpPage);
   dialog.setWindowModality(Qt::WindowModal);
@@ -119,7 +118,8 @@ std::string KeyMapItems::AskPath(Asked what) {
   if (writes && !file.exists() &&
       form.program.services.files.KindOf(path) == FileStore::Kind::file) {
     const QString fault = ToQt(RuntimeFailure(Failure::fileAlreadyExists).description);
-    Tell({FromQt(Text(form, notWrittenText).arg(file.absoluteFilePath(), fault)), {}});
+    Tell({FromQt(NumberedText(form.program, notWrittenText).arg(file.absoluteFilePath(), fault)),
+          {}});
     return {};
   }
   return path;

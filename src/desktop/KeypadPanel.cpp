@@ -17,6 +17,7 @@
 #include "desktop/HeadingFont.h"
 #include "desktop/HelpKey.h"
 #include "desktop/LanguageFontResolver.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/WrapLabel.h"
 #include "shell/Program.h"
@@ -152,7 +153,7 @@ int KeypadPanel::WidthOf(QSize key) const {
   return columns * key.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + around;
 }
 
-QString KeypadPanel::Word(int number) const { return ToQt(form.program.mymyLoadString(number)); }
+QString KeypadPanel::Word(int number) const { return NumberedText(form.program, number); }
 
 void KeypadPanel::Refresh() {
   if (!isVisible()) return;

@@ -15,6 +15,7 @@
 #include "desktop/GridView.h"
 #include "desktop/HeadingFont.h"
 #include "desktop/KeyEdit.h"
+#include "desktop/NumberedText.h"
 #include "desktop/PaneScroll.h"
 #include "desktop/QtText.h"
 #include "desktop/SpinArrows.h"
@@ -72,8 +73,8 @@ QString RowInHand(const KeyGrid& grid) {
 /// How many keys the box takes; empty as long as it is not limited.
 QString Room(frmMain& form, const EditBox& box) {
   if (box.MaxLength == 0) return {};
-  if (box.MaxLength == 1) return ToQt(form.program.mymyLoadString(1300));
-  return ToQt(form.program.mymyLoadString(1301)).arg(box.MaxLength());
+  if (box.MaxLength == 1) return NumberedText(form.program, 1300);
+  return NumberedText(form.program, 1301).arg(box.MaxLength());
 }
 
 }  // namespace
@@ -156,15 +157,14 @@ void TabPage::Build() {
 
   key->tellFull = [this, key] {
     QApplication::beep();
-    QToolTip::showText(key->mapToGlobal(key->rect().bottomLeft()),
-                       ToQt(form.program.mymyLoadString(1302)) + " " +
-                           Room(form, At(form.txtKeyAssignment, index)),
-                       key);
+    QToolTip::showText(
+        key->mapToGlobal(key->rect().bottomLeft()),
+        NumberedText(form.program, 1302) + " " + Room(form, At(form.txtKeyAssignment, index)), key);
   };
   views.Show([grid, heading, key, room, order, silence, description, this] {
     const QString action = RowInHand(At(form.gridKeyMap, index));
     const QString explained = LinesToQt(At(form.txtDescription, index).Caption());
-    const auto text = [this](int number) { return ToQt(form.program.mymyLoadString(number)); };
+    const auto text = [this](int number) { return NumberedText(form.program, number); };
     heading->TakeFontOf(*this);
     heading->setText(action);
     room->setText(Room(form, At(form.txtKeyAssignment, index)));

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/Texts.h"
 #include "language/EnglishStrings.h"
@@ -40,7 +41,7 @@ QString Translations::Own::translate(const char* context, const char* english, c
                                      int) const {
   if (std::string_view(context) != texts::context) return {};
   for (const EnglishStringRow& row : EnglishStrings())
-    if (row.text == english) return ToQt(program.mymyLoadString(row.number));
+    if (row.text == english) return NumberedText(program, row.number);
   return {};
 }
 

@@ -24,15 +24,15 @@ std::string_view Cut(std::string_view ansi, std::size_t size) {
   return ansi.substr(0, size > 0 ? size - 1 : 0);
 }
 
-struct Write {
-  std::string section;
-  std::string key;
-  std::string value;
-};
-
 }  // namespace
 
 struct PrivateProfile::File {
+  struct Write {
+    std::string section;
+    std::string key;
+    std::string value;
+  };
+
   std::optional<FileStamp> stamp;     // of the moment before the text was read
   std::unique_ptr<ProfileText> text;  // none: not read, or not readable
   int batches = 0;
@@ -116,7 +116,7 @@ void PrivateProfile::Read(std::string_view path, const std::optional<FileStamp>&
 // Nothing is remembered afterwards: the next use reads what the disk holds, whatever became of
 // this.
 bool PrivateProfile::Flush(std::string_view path, File& file) {
-  const std::vector<Write> writes = std::exchange(file.batched, {});
+  const std::vector<File::Write> writes = std::exchange(file.batched, {});
   if (!file.text || !file.text->Changed()) return true;
   // Somebody else has been at the file since it was read: the writes go into what it holds now.
   const std::optional<FileStamp> stamp = store.Stamp(path);
@@ -124,8 +124,8 @@ bool PrivateProfile::Flush(std::string_view path, File& file) {
     Read(path, stamp, file);
     if (!file.text) return Miss(path);
     bool holds = true;
-    for (const Write& write : writes)
-      holds = file.text->Set(write.section, write.key, write.value) && holds;
+    for (const auto& [section, key, value] : writes)
+      holds = file.text->Set(section, key, value) && holds;
     if (!holds) return Miss(path);
   }
   const std::unique_ptr<ProfileText> text = std::exchange(file.text, nullptr);

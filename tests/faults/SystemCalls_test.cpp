@@ -102,16 +102,16 @@ int ListenToCalls() {
       syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &program));
 }
 
-struct Case {
+struct JobCase {
   std::string_view name;
   std::size_t job;  ///< of Jobs()
   bool ordinary;    ///< with the rights of an ordinary user, in a folder that he may not write
 };
 
-constexpr Case cases[] = {
+constexpr JobCase jobCases[] = {
     {"save", 0, false}, {"restore", 1, false}, {"saveInReadOnlyFolder", 0, true}};
 
-class SystemCalls : public testing::TestWithParam<Case> {
+class SystemCalls : public testing::TestWithParam<JobCase> {
  protected:
   ~SystemCalls() override { munmap(&told, sizeof told); }
 
@@ -213,7 +213,7 @@ TEST_P(SystemCalls, ABlowAtEachOfThem) {
   std::filesystem::permissions(scripts, std::filesystem::perms(0755));
 }
 
-INSTANTIATE_TEST_SUITE_P(Jobs, SystemCalls, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Jobs, SystemCalls, testing::ValuesIn(jobCases),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

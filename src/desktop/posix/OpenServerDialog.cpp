@@ -10,16 +10,13 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "desktop/NumberedText.h"
 #include "desktop/Pictures.h"
-#include "desktop/QtText.h"
 #include "desktop/posix/ServerFolder.h"
-#include "language/EnglishStrings.h"
 
 namespace dialwright {
 
 namespace {
-
-QString Text(int number) { return ToQt(EnglishString(number).value_or("")); }
 
 QLabel* Paragraph(const QString& text) {
   auto* label = new QLabel(text);
@@ -34,7 +31,7 @@ OpenServerDialog::OpenServerDialog(QString shipped, const QString& fault, bool i
                                    QWidget* parent)
     : QDialog(parent), shippedFolder(std::move(shipped)) {
   setObjectName("openServer");
-  setWindowTitle(Text(1550));
+  setWindowTitle(NumberedText(1550));
   setWindowIcon(QIcon(DrawServer(64)));
   Build(isFirst);
   Tell(fault);
@@ -60,12 +57,12 @@ void OpenServerDialog::Build(bool isFirst) {
   auto* head = new QHBoxLayout;
   head->setSpacing(12);
   head->addWidget(new ServerPicture, 0, Qt::AlignTop);
-  head->addWidget(Paragraph(Text(1551)), 1);
+  head->addWidget(Paragraph(NumberedText(1551)), 1);
   column->addLayout(head);
 
-  auto* choose = new QPushButton(Text(1552));
+  auto* choose = new QPushButton(NumberedText(1552));
   choose->setObjectName("choose");
-  auto* sample = new QPushButton(Text(1553));
+  auto* sample = new QPushButton(NumberedText(1553));
   sample->setObjectName("sample");
   sample->setEnabled(QDir(shippedFolder + "/sample").exists());
   for (QPushButton* button : {choose, sample}) column->addWidget(button);
@@ -78,14 +75,14 @@ void OpenServerDialog::Build(bool isFirst) {
   last->setObjectName("last");
   last->addItems(folders);
   last->setTextElideMode(Qt::ElideMiddle);
-  auto* lastLabel = new QLabel(Text(1554));
+  auto* lastLabel = new QLabel(NumberedText(1554));
   lastLabel->setBuddy(last);
   column->addWidget(lastLabel);
   column->addWidget(last, 1);
   auto* buttons = new QDialogButtonBox;
   QPushButton* open = buttons->addButton(QDialogButtonBox::Open);
   QPushButton* leave = buttons->addButton(QDialogButtonBox::Cancel);
-  if (isFirst) leave->setText(ToQt(EnglishString(1037).value_or("")));
+  if (isFirst) leave->setText(NumberedText(1037));
   column->addWidget(buttons);
   connect(open, &QPushButton::clicked, this, [this] { Choose(last->currentItem()->text()); });
   connect(last, &QListWidget::itemActivated, this,
@@ -115,7 +112,7 @@ void OpenServerDialog::Choose(const QString& candidate) {
 }
 
 void OpenServerDialog::Browse() {
-  const QString chosen = QFileDialog::getExistingDirectory(this, Text(1550));
+  const QString chosen = QFileDialog::getExistingDirectory(this, NumberedText(1550));
   if (!chosen.isEmpty()) Choose(chosen);
 }
 

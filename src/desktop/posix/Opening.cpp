@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "desktop/MainWindow.h"
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
 #include "desktop/posix/OpenServerDialog.h"
 #include "desktop/posix/ServerFolder.h"
@@ -79,7 +80,7 @@ class ServerFolders : public Opening {
     item->setObjectName("openServer");
     file->insertAction(file->actions().value(0), item);
     // Looked up when it is about to be seen: the language may have changed.
-    const auto name = [item, &program] { item->setText(ToQt(program.mymyLoadString(1555))); };
+    const auto name = [item, &program] { item->setText(NumberedText(program, 1555)); };
     name();
     QObject::connect(file, &QMenu::aboutToShow, item, name);
     QObject::connect(item, &QAction::triggered, item, [this, &window, &program] {

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "desktop/NumberedText.h"
 #include "desktop/QtText.h"
-#include "language/EnglishStrings.h"
 #include "platform/Failure.h"
 #include "platform/posix/FileStorePosix.h"
 #include "platform/posix/HostPath.h"
@@ -26,8 +26,6 @@ const QString lastServersKey = "servers";
 QSettings Settings() {
   return QSettings(QSettings::IniFormat, QSettings::UserScope, "dialwright", "dialwright");
 }
-
-QString Text(int number) { return ToQt(EnglishString(number).value_or("")); }
 
 bool HasDrive(FileStorePosix& files) {
   for (char letter = 'A'; letter <= 'Z'; ++letter)
@@ -54,7 +52,7 @@ int FaultIn(const std::string& folder) {
 
 QString ServerFolderFault(const QString& folder) {
   const int fault = QDir(folder).exists() ? FaultIn(FromQt(folder)) : 1557;
-  return fault == 0 ? QString() : Text(fault).arg(folder);
+  return fault == 0 ? QString() : NumberedText(fault).arg(folder);
 }
 
 QStringList LastServers() {
@@ -72,8 +70,8 @@ void RememberServer(const QString& folder) {
 }
 
 QString SampleServer(const QString& shippedFolder, QString& fault) {
-  const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                      "/dialwright/Sample Server";
+  QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                "/dialwright/Sample Server";
   if (QDir(own).exists()) return own;
   const fs::path whole(FromQt(own)), part(FromQt(own + ".part"));
   try {
@@ -84,7 +82,7 @@ QString SampleServer(const QString& shippedFolder, QString& fault) {
       fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
     fs::rename(part, whole);
   } catch (const fs::filesystem_error& failure) {
-    fault = Text(1562).arg(own, QString::fromStdString(failure.code().message()));
+    fault = NumberedText(1562).arg(own, QString::fromStdString(failure.code().message()));
     return {};
   }
   return own;

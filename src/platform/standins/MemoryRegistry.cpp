@@ -10,7 +10,7 @@ namespace {
 
 constexpr long registryInvalidHandle = 6;
 
-std::string Folded(std::string_view path) {
+std::string FoldedKey(std::string_view path) {
   while (path.ends_with('\\')) path.remove_suffix(1);
   return LowerCase(path);
 }
@@ -33,11 +33,11 @@ RegistryValue RegistryValue::DoubleWord(std::uint32_t number) {
 
 void MemoryRegistry::Set(std::string_view key, std::string_view name, RegistryValue value) {
   MakeKey(key);
-  keys[Folded(key)][LowerCase(name)] = std::move(value);
+  keys[FoldedKey(key)][LowerCase(name)] = std::move(value);
 }
 
 void MemoryRegistry::MakeKey(std::string_view key) {
-  const std::string folded = Folded(key);
+  const std::string folded = FoldedKey(key);
   for (std::size_t end = folded.find('\\'); end != std::string::npos;
        end = folded.find('\\', end + 1)) {
     keys.try_emplace(folded.substr(0, end));
@@ -46,12 +46,12 @@ void MemoryRegistry::MakeKey(std::string_view key) {
 }
 
 void MemoryRegistry::RemoveValue(std::string_view key, std::string_view name) {
-  const auto found = keys.find(Folded(key));
+  const auto found = keys.find(FoldedKey(key));
   if (found != keys.end()) found->second.erase(LowerCase(name));
 }
 
 void MemoryRegistry::RemoveKey(std::string_view key) {
-  const std::string folded = Folded(key);
+  const std::string folded = FoldedKey(key);
   std::erase_if(keys, [&](const auto& entry) {
     return entry.first == folded || entry.first.starts_with(folded + "\\");
   });
@@ -59,7 +59,7 @@ void MemoryRegistry::RemoveKey(std::string_view key) {
 
 long MemoryRegistry::RegOpenKeyExA(RegistryKey root, std::string_view path, unsigned, unsigned,
                                    RegistryKey& opened) {
-  std::string folded = Folded(path);
+  std::string folded = FoldedKey(path);
   if (root != RegistryKey::localMachine) {
     const auto base = open.find(static_cast<std::uintptr_t>(root));
     if (base == open.end()) return registryInvalidHandle;

@@ -14,7 +14,7 @@ namespace {
 /// No device of a real file has this number.
 constexpr std::uint64_t ownDevice = ~std::uint64_t{0};
 
-std::string Folded(std::string_view path) {
+std::string FoldedPath(std::string_view path) {
   std::string folded = LowerCase(ReplaceAll(path, "/", "\\"));
   while (folded.find("\\\\", 1) != std::string::npos) folded.erase(folded.find("\\\\", 1), 1);
   while (folded.ends_with('\\')) folded.pop_back();
@@ -61,15 +61,15 @@ std::map<std::string, OverlayFiles::Change> OverlayFiles::Changes() const {
 }
 
 void OverlayFiles::Put(std::string_view path, std::optional<std::string> bytes) {
-  Entry& entry = touched[Folded(path)];
+  Entry& entry = touched[FoldedPath(path)];
   if (entry.change.path.empty()) entry.change.path = path;
   entry.change.bytes = std::move(bytes);
   entry.revision = ++revisions;
 }
 
 bool OverlayFiles::IsWritable(std::string_view path) {
-  return touched.contains(Folded(path)) ? KindOf(path) == Kind::file
-                                        : below.IsWritable(Below(path));
+  return touched.contains(FoldedPath(path)) ? KindOf(path) == Kind::file
+                                            : below.IsWritable(Below(path));
 }
 
 void OverlayFiles::NeedWritable(std::string_view path) {
@@ -81,13 +81,13 @@ void OverlayFiles::NeedFolderOf(std::string_view path) {
 }
 
 FileStore::Kind OverlayFiles::KindOf(std::string_view path) {
-  if (const auto found = touched.find(Folded(path)); found != touched.end())
+  if (const auto found = touched.find(FoldedPath(path)); found != touched.end())
     return found->second.change.bytes ? Kind::file : Kind::none;
-  return folders.contains(Folded(path)) ? Kind::folder : below.KindOf(Below(path));
+  return folders.contains(FoldedPath(path)) ? Kind::folder : below.KindOf(Below(path));
 }
 
 std::optional<FileStamp> OverlayFiles::Stamp(std::string_view path) {
-  const auto found = touched.find(Folded(path));
+  const auto found = touched.find(FoldedPath(path));
   if (found == touched.end()) return below.Stamp(Below(path));
   const Entry& entry = found->second;
   if (!entry.change.bytes) return std::nullopt;
@@ -95,7 +95,7 @@ std::optional<FileStamp> OverlayFiles::Stamp(std::string_view path) {
 }
 
 std::vector<std::string> OverlayFiles::FileNames(std::string_view folder) {
-  const std::string inside = Folded(folder);
+  const std::string inside = FoldedPath(folder);
   std::map<std::string, std::string> names;
   const std::string real = Below(folder);
   if (!folders.contains(inside) || below.KindOf(real) == Kind::folder)
@@ -115,7 +115,7 @@ std::vector<std::string> OverlayFiles::FileNames(std::string_view folder) {
 }
 
 std::string OverlayFiles::Read(std::string_view path) {
-  const auto found = touched.find(Folded(path));
+  const auto found = touched.find(FoldedPath(path));
   if (found == touched.end()) return below.Read(Below(path));
   if (!found->second.change.bytes) throw RuntimeFailure(Failure::fileNotFound);
   return *found->second.change.bytes;
@@ -159,7 +159,7 @@ void OverlayFiles::Remove(std::string_view path, bool force) {
 void OverlayFiles::CreateFolder(std::string_view path) {
   if (KindOf(path) != Kind::none) throw RuntimeFailure(Failure::fileAlreadyExists);
   NeedFolderOf(path.substr(0, path.find_last_not_of("\\/") + 1));
-  folders.insert(Folded(path));
+  folders.insert(FoldedPath(path));
 }
 
 }  // namespace dialwright
