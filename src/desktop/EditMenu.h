@@ -19,6 +19,8 @@ struct frmMain;
 class EditMenu {
  public:
   EditMenu(frmMain& mainForm, History& steps, QMenuBar& menuBar, Dispatch& dispatch);
+  EditMenu(const EditMenu&) = delete;
+  EditMenu& operator=(const EditMenu&) = delete;
 
   /// Shows what can be done now, in the language of the moment.
   void Refresh();

@@ -65,7 +65,8 @@ Target TargetOf(const std::string& hostPath) {
   const std::unique_ptr<char, void (*)(void*)> target(realpath(hostPath.c_str(), nullptr),
                                                       std::free);
   if (!target) return {hostPath, std::nullopt};
-  return {target.get(), StatusOf(target.get())};
+  const std::string path = target.get();
+  return {path, StatusOf(path)};
 }
 
 void ReplaceExisting(const Target& target, std::string_view bytes) {
