@@ -64,6 +64,12 @@ bool PrivateProfile::WritePrivateProfileStringA(std::string_view section, std::s
 
 std::optional<FileStamp> PrivateProfile::Seen(std::string_view path) { return Current(path).stamp; }
 
+std::optional<std::string_view> PrivateProfile::BytesOnDisk(std::string_view path) {
+  const File& file = FileAt(path);
+  if (!file.text || file.text->Changed() || file.stamp != store.Stamp(path)) return std::nullopt;
+  return file.text->Text();
+}
+
 bool PrivateProfile::CanRead(std::string_view path) {
   const File& file = Current(path);
   return file.text && file.text->Understood();

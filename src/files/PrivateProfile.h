@@ -45,6 +45,10 @@ class PrivateProfile {
   /// The state of a file that reads and writes of its keys go by.
   std::optional<FileStamp> Seen(std::string_view path);
 
+  /// The bytes of a file where they are known without reading it again: nobody has been at it since
+  /// it was read, and nothing waits to be written. Valid until the next call.
+  std::optional<std::string_view> BytesOnDisk(std::string_view path);
+
   /// Whether the keys of a file can be seen: it is there, can be opened and is no UTF-16.
   bool CanRead(std::string_view path);
 

@@ -196,11 +196,14 @@ bool KeepEarlierVersion(Program& program, int slot, const std::vector<std::strin
     std::vector<EarlierVersion> versions = ListedIn(files, folder);
     const EarlierVersion last = versions.empty() ? EarlierVersion{} : versions.back();
     EarlierVersion version{Now(program.services.clock), {}};
+    std::string read;
     for (const std::string& path : paths) {
-      if (files.KindOf(path) == FileStore::Kind::none) continue;
+      const std::optional<std::string_view> known = program.profile.BytesOnDisk(path);
+      if (!known && files.KindOf(path) == FileStore::Kind::none) continue;
       try {
         if (!IsListable(path)) throw RuntimeFailure(Failure::badFileName);
-        version.scripts.push_back({path, KeepContents(files, folder, files.Read(path), last)});
+        if (!known) files.ReadInto(path, read);
+        version.scripts.push_back({path, KeepContents(files, folder, known.value_or(read), last)});
       } catch (const RuntimeFailure&) {
         isWhole = false;
       }

@@ -95,6 +95,21 @@ TEST_F(PrivateProfileTest, OneReadServesAllKeysUntilTheFileChanges) {
   EXPECT_EQ(store.reads, 2);
 }
 
+TEST_F(PrivateProfileTest, BytesAreKnownOnlyAsTheyAreOnTheDisk) {
+  const std::string before = "[MACROS]\nK=1\n";
+  store.Put(path, before);
+  EXPECT_FALSE(profile.BytesOnDisk(path)) << "not read yet";
+  const ProfileBatch batch(profile, path);
+  EXPECT_EQ(profile.BytesOnDisk(path), before);
+  EXPECT_TRUE(Set("K", "2"));
+  EXPECT_FALSE(profile.BytesOnDisk(path)) << "a write waits";
+  profile.FlushBatches();
+  EXPECT_EQ(get("K"), "2");
+  EXPECT_EQ(profile.BytesOnDisk(path), "[MACROS]\nK=2\n");
+  store.Put(path, before);
+  EXPECT_FALSE(profile.BytesOnDisk(path)) << "somebody else has written";
+}
+
 TEST_F(PrivateProfileTest, ABatchIsOneRewriteAndNestsByCount) {
   constexpr std::string_view other = R"(C:\b.cdh)";
   store.Put(path, "[MACROS]\nK=1\n");

@@ -8,6 +8,7 @@
 #include <limits>
 #include <vector>
 
+#include "platform/Crc32.h"
 #include "platform/ScriptChecksumComponent.h"
 #include "platform/standins/CommandLine.h"
 #include "platform/standins/LocaleTable.h"
@@ -129,6 +130,22 @@ TEST(ChecksumTest, LinesAndWhatIsLeftOut) {
   EXPECT_EQ(ScriptChecksum(large), 1533283851);
   EXPECT_EQ(strChecksumText(0), " 0");
   EXPECT_EQ(strChecksumText(std::numeric_limits<std::int32_t>::min()), "-2147483648");
+}
+
+// Many bytes at once and one by one go different ways.
+TEST(ChecksumTest, TheSameInAnyPieces) {
+  std::string text;
+  for (unsigned i = 0; i < 3000; ++i) text.push_back(static_cast<char>(i * i >> 3));
+  for (std::size_t length = 0; length < 300; ++length) {
+    const std::string_view whole = std::string_view(text).substr(length, 7 * length);
+    Crc32 atOnce, single, inTwo;
+    atOnce.Add(whole);
+    for (std::size_t i = 0; i < whole.size(); ++i) single.Add(whole.substr(i, 1));
+    inTwo.Add(whole.substr(0, length));
+    inTwo.Add(whole.substr(length));
+    EXPECT_EQ(atOnce.Value(), single.Value()) << length;
+    EXPECT_EQ(inTwo.Value(), single.Value()) << length;
+  }
 }
 
 // A large text is passed over in blocks: an odd line counts wherever it stands among plain ones.

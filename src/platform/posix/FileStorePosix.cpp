@@ -32,7 +32,9 @@ std::optional<Status> StatusOf(const std::string& hostPath) {
 // is found.
 std::optional<Status> Look(const std::string& straightPath) {
   const std::optional<Status> status = StatusOf(straightPath);
-  return status ? status : StatusOf(ExistingSpelling(straightPath));
+  if (status) return status;
+  const std::string spelled = ExistingSpelling(straightPath);
+  return spelled == straightPath ? std::nullopt : StatusOf(spelled);
 }
 
 bool IsFile(const std::optional<Status>& status) { return status && S_ISREG(status->st_mode); }
