@@ -46,13 +46,14 @@ def slots(build):
     """Loading and saving a slot at each size; returns our times."""
     out = subprocess.run([build / "bench/benchmarks", "--benchmark_filter=Slot", "--benchmark_format=json"],
                          check=True, capture_output=True, text=True).stdout
+    names = {"load": "load a slot", "save": "save a slot", "change": "save a changed key"}
     ours, ratios = {}, {}
     for result in json.loads(out)["benchmarks"]:
         name, size = result["name"].split("/")[:2]
         what, size = name.removesuffix("Slot").lower(), int(size)
         ours[what, size], ratios[what, size] = result["ours_us"], result["ratio"]
         bar = {("load", 1 << 20): 1.5, ("save", 1 << 20): 5, ("save", 1 << 17): 5}.get((what, size))
-        row(f"{what} a slot, {size_name(size)} a file", f"{result['plain_us']:.0f} us",
+        row(f"{names[what]}, {size_name(size)} a file", f"{result['plain_us']:.0f} us",
             f"{result['ours_us']:.0f} us", result["ratio"], f"{result['low']:.2f} to {result['high']:.2f}", bar)
     for what in "load", "save":
         small, middle_size, large = 1 << 14, 1 << 20, 10 << 20

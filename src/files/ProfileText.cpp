@@ -58,10 +58,11 @@ std::optional<std::string_view> ProfileText::Value(std::string_view section, std
 bool ProfileText::Set(std::string_view sectionName, std::string_view keyName,
                       std::string_view value) {
   const std::string_view key = TrimBlanksAndTabs(keyName);
-  if (!understood || !IsSectionName(sectionName) || !IsKeyName(key)) return false;
+  if (!understood || !IsKeyName(key)) return false;
   Section& section = Find(sectionName);
   const Place place = Look(section, key);
   if (ValueAt(place) == value) return true;
+  if (!IsSectionName(sectionName)) return false;
 
   if (place.begin) {
     values[*place.begin] = value;

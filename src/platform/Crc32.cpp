@@ -95,7 +95,10 @@ __attribute__((target("pclmul"))) std::uint32_t StepByMultiplication(std::uint32
   return Step(0, last.data());
 }
 
-const bool multiplies = __builtin_cpu_supports("pclmul") != 0;
+bool CanMultiply() {
+  static const bool can = __builtin_cpu_supports("pclmul") != 0;
+  return can;
+}
 
 #endif
 
@@ -103,7 +106,7 @@ const bool multiplies = __builtin_cpu_supports("pclmul") != 0;
 
 void Crc32::Add(std::string_view bytes) {
 #if defined(__x86_64__)
-  if (multiplies && bytes.size() >= blocksAtOnce * sizeof(Block)) {
+  if (CanMultiply() && bytes.size() >= blocksAtOnce * sizeof(Block)) {
     const std::size_t whole = bytes.size() / sizeof(Block) * sizeof(Block);
     crc = StepByMultiplication(crc, bytes.substr(0, whole));
     bytes.remove_prefix(whole);

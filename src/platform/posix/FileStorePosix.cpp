@@ -28,13 +28,19 @@ std::optional<Status> StatusOf(const std::string& hostPath) {
   return status;
 }
 
+// What stands at a path.
+struct Found {
+  std::string path;
+  std::optional<Status> status;  // none: nothing is there
+};
+
 // Most names are spelled as they are on the disk: another spelling is only looked for where nothing
 // is found.
-std::optional<Status> Look(const std::string& straightPath) {
-  const std::optional<Status> status = StatusOf(straightPath);
-  if (status) return status;
-  const std::string spelled = ExistingSpelling(straightPath);
-  return spelled == straightPath ? std::nullopt : StatusOf(spelled);
+Found Look(const std::string& straightPath) {
+  if (const std::optional<Status> status = StatusOf(straightPath)) return {straightPath, status};
+  std::string spelled = ExistingSpelling(straightPath);
+  const std::optional<Status> status = spelled == straightPath ? std::nullopt : StatusOf(spelled);
+  return {std::move(spelled), status};
 }
 
 bool IsFile(const std::optional<Status>& status) { return status && S_ISREG(status->st_mode); }
@@ -46,23 +52,21 @@ bool IsReadOnly(const std::string& hostPath, const Status& status) {
 }
 
 // Before the system is asked: it would let the owner of the machine write.
-void RefuseReadOnly(const std::string& hostPath, const std::optional<Status>& status) {
-  if (IsFile(status) && IsReadOnly(hostPath, *status)) {
+void RefuseReadOnly(const Found& found) {
+  if (IsFile(found.status) && IsReadOnly(found.path, *found.status)) {
     throw RuntimeFailure(Failure::permissionDenied);
   }
 }
 
-void RefuseReadOnly(const std::string& hostPath) { RefuseReadOnly(hostPath, StatusOf(hostPath)); }
-
 // What stands at a path, or where a symbolic link there leads to in the end.
-struct Target {
-  std::string path;
-  std::optional<Status> status;  // none: nothing is there
-};
-
-Target TargetOf(const std::string& hostPath) {
+Found TargetOf(const std::string& straightPath) {
   Status status{};
-  if (lstat(hostPath.c_str(), &status) != 0) return {hostPath, std::nullopt};
+  std::string hostPath = straightPath;
+  if (lstat(hostPath.c_str(), &status) != 0) {
+    hostPath = ExistingSpelling(straightPath);
+    if (hostPath == straightPath || lstat(hostPath.c_str(), &status) != 0)
+      return {hostPath, std::nullopt};
+  }
   if (!S_ISLNK(status.st_mode)) return {hostPath, status};
   const std::unique_ptr<char, void (*)(void*)> target(realpath(hostPath.c_str(), nullptr),
                                                       std::free);
@@ -71,8 +75,8 @@ Target TargetOf(const std::string& hostPath) {
   return {path, StatusOf(path)};
 }
 
-void ReplaceExisting(const Target& target, std::string_view bytes) {
-  RefuseReadOnly(target.path, target.status);
+void ReplaceExisting(const Found& target, std::string_view bytes) {
+  RefuseReadOnly(target);
   ReplaceFile(target.path, bytes);
 }
 
@@ -119,13 +123,13 @@ std::string FileStorePosix::HostPath(std::string_view path) const {
 }
 
 FileStore::Kind FileStorePosix::KindOf(std::string_view path) {
-  const std::optional<Status> status = Look(StraightPath(path));
+  const std::optional<Status> status = Look(StraightPath(path)).status;
   if (IsFile(status)) return Kind::file;
   return status && S_ISDIR(status->st_mode) ? Kind::folder : Kind::none;
 }
 
 std::optional<FileStamp> FileStorePosix::Stamp(std::string_view path) {
-  const std::optional<Status> status = Look(StraightPath(path));
+  const std::optional<Status> status = Look(StraightPath(path)).status;
   if (!IsFile(status)) return std::nullopt;
   FileStamp result;
   result.device = status->st_dev;
@@ -175,21 +179,21 @@ void FileStorePosix::ReadInto(std::string_view path, std::string& bytes) {
 
 std::unique_ptr<OutputFile> FileStorePosix::Open(std::string_view path, Opening opening,
                                                  bool create) {
-  const std::string hostPath = HostPath(path);
-  RefuseReadOnly(hostPath);
+  const Found found = Look(StraightPath(path));
+  RefuseReadOnly(found);
   const int flags = O_WRONLY | O_NONBLOCK | (opening == Opening::truncate ? O_TRUNC : O_APPEND) |
                     (create ? O_CREAT : 0);
-  Descriptor file = Descriptor::Open(hostPath, flags, 0666);
-  if (!file) ThrowErrno(errno, hostPath);
-  return std::make_unique<OutputFilePosix>(hostPath, std::move(file));
+  Descriptor file = Descriptor::Open(found.path, flags, 0666);
+  if (!file) ThrowErrno(errno, found.path);
+  return std::make_unique<OutputFilePosix>(found.path, std::move(file));
 }
 
 void FileStorePosix::Replace(std::string_view path, std::string_view bytes) {
-  ReplaceExisting(TargetOf(HostPath(path)), bytes);
+  ReplaceExisting(TargetOf(StraightPath(path)), bytes);
 }
 
 void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overwrite) {
-  const Target target = TargetOf(HostPath(to));
+  const Found target = TargetOf(StraightPath(to));
   const std::string bytes = Read(from);
   if (!target.status) return MakeFile(target.path, bytes, HostPath(from));
   if (!overwrite) throw RuntimeFailure(Failure::fileAlreadyExists);
@@ -197,9 +201,9 @@ void FileStorePosix::Copy(std::string_view from, std::string_view to, bool overw
 }
 
 void FileStorePosix::Remove(std::string_view path, bool force) {
-  const std::string hostPath = HostPath(path);
   if (KindOf(path) == Kind::folder) throw RuntimeFailure(Failure::fileNotFound);
-  if (!force) RefuseReadOnly(hostPath);
+  const std::string hostPath = HostPath(path);
+  if (!force) RefuseReadOnly({hostPath, StatusOf(hostPath)});
   if (unlink(hostPath.c_str()) != 0) ThrowErrno(errno, hostPath);
 }
 
@@ -212,9 +216,8 @@ void FileStorePosix::CreatePrivateFolder(std::string_view path) {
 std::string FileStorePosix::RealPath(std::string_view path) { return HostPath(path); }
 
 bool FileStorePosix::IsWritable(std::string_view path) {
-  const std::string hostPath = HostPath(path);
-  const std::optional<Status> status = StatusOf(hostPath);
-  return IsFile(status) && !IsReadOnly(hostPath, *status);
+  const Found found = Look(StraightPath(path));
+  return IsFile(found.status) && !IsReadOnly(found.path, *found.status);
 }
 
 std::unique_ptr<FolderLock> FileStorePosix::Lock(std::string_view folder,
