@@ -45,11 +45,13 @@ class CrcChecksumComponent : public ScriptChecksumComponent {
 
   // The stamp is for components that guard against old requests; this one answers all.
   std::int32_t CalculateFileChecksum(std::int32_t, std::string_view path) override {
-    return ScriptChecksum(store.Read(path));
+    store.ReadInto(path, bytes);
+    return ScriptChecksum(bytes);
   }
 
  private:
   FileStore& store;
+  std::string bytes;  // of the last script: the next one takes its room
 };
 
 }  // namespace

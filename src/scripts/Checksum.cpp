@@ -1,6 +1,8 @@
 #include "scripts/Checksum.h"
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "messages/FailureTrap.h"
 #include "platform/Failure.h"
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int mostRequests = 6;
 constexpr std::string_view checksumMark = "#CRC";
+constexpr std::string_view lineEnd = "\r\n";
 
 /// One request. Every failure counts as no answer; the component is kept once it could be created.
 std::int32_t RequestChecksum(Program& program, std::string_view path) {
@@ -29,21 +32,26 @@ std::int32_t RequestChecksum(Program& program, std::string_view path) {
   }
 }
 
-/// The script with the checksum in its line, byte by byte the same but for that and the line ends.
-std::string WithChecksum(std::string_view script, std::string_view checksumText) {
+/// The script with the checksum in its line, byte by byte the same but for that and the line ends;
+/// none if it stands there so already.
+std::optional<std::string> WithChecksum(std::string_view script, std::string_view checksumText) {
+  const std::string checksumLine = std::string(checksumMark) + " " + std::string(checksumText);
   std::string text;
-  text.reserve(script.size() + script.size() / 16);
+  std::size_t taken = 0;  // of the script; what stays as it is need not be taken line by line
   for (LineReader lines(script); !lines.AtEnd();) {
-    text.append(lines.PlainLines(checksumMark[0]));
-    if (lines.AtEnd()) break;
+    if (!lines.PlainLines(checksumMark[0]).empty()) continue;
+    const std::size_t start = lines.Place();
     const std::string_view line = lines.Next();
-    if (IsChecksumLine(line))
-      text.append(checksumMark).append(" ").append(checksumText);
-    else
-      text.append(line);
-    text.append("\r\n");
+    const std::size_t next = lines.Place();
+    const std::string_view wanted = IsChecksumLine(line) ? checksumLine : line;
+    const std::string_view end = script.substr(start, next - start).substr(line.size());
+    if (line == wanted && end == lineEnd) continue;
+    if (taken == 0) text.reserve(script.size() + script.size() / 16);
+    text.append(script.substr(taken, start - taken)).append(wanted).append(lineEnd);
+    taken = next;
   }
-  return text;
+  if (taken == 0) return std::nullopt;
+  return text.append(script.substr(taken));
 }
 
 }  // namespace
@@ -73,12 +81,15 @@ bool UpdateChecksumForFile(Program& program, std::string_view checksumText, std:
   const FailureTrap step{program, FailurePrefix::localizedModule, "UpdateChecksumForFile",
                          "Form Form1"};
   FileStore& files = program.services.files;
-  std::string script;
-  if (!step([&] { script = files.Read(path); }) || IsUtf16(script)) return false;
-  const std::string text = WithChecksum(script, checksumText);
+  std::string read;
+  const std::optional<std::string_view> known = program.profile.BytesOnDisk(path);
+  if (!known && !step([&] { read = files.Read(path); })) return false;
+  const std::string_view script = known.value_or(read);
+  if (IsUtf16(script)) return false;
+  const std::optional<std::string> text = WithChecksum(script, checksumText);
   return step([&] {
     const auto file = files.Open(path, FileStore::Opening::truncate, true);
-    file->Write(text);
+    file->Write(text ? *text : script);
     file->Flush();
     file->Close();
   });

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "text/Text.h"
 
@@ -20,29 +19,20 @@ bool IsThere(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
-std::vector<std::string_view> Names(std::string_view path) {
-  std::vector<std::string_view> names;
-  while (!path.empty()) {
-    const std::size_t end = std::min(path.find('/'), path.size());
-    if (end > 0) names.push_back(path.substr(0, end));
-    path.remove_prefix(std::min(end + 1, path.size()));
-  }
-  return names;
-}
-
 std::string OnDrive(char letter, std::string_view rest, std::string_view hostFolder) {
-  std::vector<std::string_view> kept;
-  for (const std::string_view name : Names(rest)) {
+  std::string path(hostFolder);
+  path.append("/drive_").append(LowerCase(std::string_view(&letter, 1)));
+  const std::size_t drive = path.size();
+  while (!rest.empty()) {
+    const std::string_view name = rest.substr(0, rest.find('/'));
+    rest.remove_prefix(std::min(name.size() + 1, rest.size()));
     if (name == "..") {
-      if (!kept.empty()) kept.pop_back();
-    } else if (name != ".") {
-      kept.push_back(name);
+      if (path.size() > drive) path.erase(path.rfind('/'));
+    } else if (!name.empty() && name != ".") {
+      path.append("/").append(name);
     }
   }
-  std::string result(hostFolder);
-  result.append("/drive_").append(LowerCase(std::string_view(&letter, 1)));
-  for (const std::string_view name : kept) result.append("/").append(name);
-  return result;
+  return path;
 }
 
 // The first name by its bytes, so that the same file is found every time.
