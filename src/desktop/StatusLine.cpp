@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolButton>
 
 #include "beside/Findings.h"
@@ -38,6 +39,10 @@ StatusLine::StatusLine(const frmMain& mainForm, QStatusBar& bar)
   told->setObjectName("statusTold");
   // What was done is said in what room the others leave.
   told->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  // In line with what stands above; some styles draw a frame around each part.
+  const int side = bar.style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+  bar.setContentsMargins(side, 0, side, 0);
+  server->setContentsMargins(0, 0, bar.fontMetrics().horizontalAdvance(' '), 0);
   bar.addWidget(server);
   bar.addWidget(findings);
   bar.addWidget(told, 1);
