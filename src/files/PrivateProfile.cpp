@@ -80,7 +80,9 @@ void PrivateProfile::FlushBatches() {
 }
 
 void PrivateProfile::BeginBatch(std::string_view path) {
-  File& file = Current(path);
+  File& file = FileAt(path);
+  // A stamp is only as fine as the system's clock: what a save begins with is what the disk holds.
+  if (file.batches == 0) Read(path, store.Stamp(path), file);
   ++file.batches;
 }
 

@@ -81,11 +81,8 @@ bool UpdateChecksumForFile(Program& program, std::string_view checksumText, std:
   const FailureTrap step{program, FailurePrefix::localizedModule, "UpdateChecksumForFile",
                          "Form Form1"};
   FileStore& files = program.services.files;
-  std::string read;
-  const std::optional<std::string_view> known = program.profile.BytesOnDisk(path);
-  if (!known && !step([&] { read = files.Read(path); })) return false;
-  const std::string_view script = known.value_or(read);
-  if (IsUtf16(script)) return false;
+  std::string script;
+  if (!step([&] { script = files.Read(path); }) || IsUtf16(script)) return false;
   const std::optional<std::string> text = WithChecksum(script, checksumText);
   return step([&] {
     const auto file = files.Open(path, FileStore::Opening::truncate, true);

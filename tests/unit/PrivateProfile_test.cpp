@@ -99,7 +99,10 @@ TEST_F(PrivateProfileTest, BytesAreKnownOnlyAsTheyAreOnTheDisk) {
   const std::string before = "[MACROS]\nK=1\n";
   store.Put(path, before);
   EXPECT_FALSE(profile.BytesOnDisk(path)) << "not read yet";
+  EXPECT_EQ(get("K"), "1");
+  const int reads = store.reads;
   const ProfileBatch batch(profile, path);
+  EXPECT_EQ(store.reads, reads + 1) << "a change within the clock's grain has the same stamp";
   EXPECT_EQ(profile.BytesOnDisk(path), before);
   EXPECT_TRUE(Set("K", "2"));
   EXPECT_FALSE(profile.BytesOnDisk(path)) << "a write waits";
